@@ -1,0 +1,68 @@
+#include "platform/RwzError.h"
+
+#include <new>
+#include <utility>
+
+namespace rwz {
+
+RwzError::RwzError(int32_t number, std::string source, std::string description)
+    : mInfo{number, std::move(source), std::move(description)} {}
+
+namespace {
+ErrorInfo gPending;
+}
+
+namespace Err {
+
+const ErrorInfo& Pending() { return gPending; }
+int32_t Number() { return gPending.Number; }
+const std::string& Source() { return gPending.Source; }
+const std::string& Description() { return gPending.Description; }
+
+void Record(int32_t number, std::string source, std::string description) {
+    gPending = ErrorInfo{number, std::move(source), std::move(description)};
+}
+
+void Record(const ErrorInfo& info) { gPending = info; }
+
+void Raise(int32_t number, std::string source, std::string description) {
+    Record(number, source, description);
+    throw RwzError(gPending);
+}
+
+void RecordException(const std::exception& error) {
+    if (auto* own = dynamic_cast<const RwzError*>(&error)) {
+        Record(own->Info());
+    } else if (dynamic_cast<const std::bad_alloc*>(&error)) {
+        Record(kErrOutOfMemory, "Rwz", RuntimeErrorText(kErrOutOfMemory));
+    } else {
+        Record(kErrInternal, "Rwz", error.what());
+    }
+}
+
+void Clear() { gPending = ErrorInfo{}; }
+
+}  // namespace Err
+
+std::string RuntimeErrorText(int32_t number) {
+    switch (number) {
+        case kErrInvalidProcedureCall: return "Invalid procedure call or argument";
+        case kErrOutOfMemory: return "Out of memory";
+        case kErrSubscriptOutOfRange: return "Subscript out of range";
+        case kErrTypeMismatch: return "Type mismatch";
+        case kErrInternal: return "Internal error";
+        case kErrBadFileName: return "Bad file name or number";
+        case kErrFileNotFound: return "File not found";
+        case kErrBadFileMode: return "Bad file mode";
+        case kErrDiskFull: return "Disk full";
+        case kErrPermissionDenied: return "Permission denied";
+        case kErrPathNotFound: return "Path not found";
+        default: return "Application-defined or object-defined error";
+    }
+}
+
+void RaiseRuntimeError(int32_t number, const std::string& source) {
+    Err::Raise(number, source, RuntimeErrorText(number));
+}
+
+}  // namespace rwz

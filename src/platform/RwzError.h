@@ -1,0 +1,80 @@
+// The program's error model: every failure has a number, a source and a
+// description. A procedure either raises it to its caller (throws RwzError) or
+// only records it; in both cases it becomes the pending error that LogError
+// reports and that the caller may inspect, until it is cleared.
+#pragma once
+
+#include <cstdint>
+#include <exception>
+#include <string>
+
+namespace rwz {
+
+// Base of the numbers of errors the program's own objects define.
+constexpr int32_t kObjectError = static_cast<int32_t>(0x80040000u);
+
+// Runtime error numbers used where the program reports a failure of the
+// system (file, memory) rather than one of its own objects.
+enum RuntimeError : int32_t {
+    kErrInvalidProcedureCall = 5,
+    kErrOutOfMemory = 7,
+    kErrSubscriptOutOfRange = 9,
+    kErrTypeMismatch = 13,
+    kErrInternal = 51,
+    kErrBadFileName = 52,
+    kErrFileNotFound = 53,
+    kErrBadFileMode = 54,
+    kErrDiskFull = 61,
+    kErrPermissionDenied = 70,
+    kErrPathNotFound = 76,
+};
+
+struct ErrorInfo {
+    int32_t Number = 0;
+    std::string Source;
+    std::string Description;
+};
+
+// Thrown to raise an error to the caller.
+class RwzError : public std::exception {
+public:
+    RwzError(int32_t number, std::string source, std::string description);
+    explicit RwzError(ErrorInfo info) : mInfo(std::move(info)) {}
+
+    const ErrorInfo& Info() const { return mInfo; }
+    int32_t Number() const { return mInfo.Number; }
+    const std::string& Source() const { return mInfo.Source; }
+    const std::string& Description() const { return mInfo.Description; }
+    const char* what() const noexcept override { return mInfo.Description.c_str(); }
+
+private:
+    ErrorInfo mInfo;
+};
+
+// The pending error of the (single) user-interface thread.
+namespace Err {
+
+const ErrorInfo& Pending();
+int32_t Number();
+const std::string& Source();
+const std::string& Description();
+
+// Records an error without raising it.
+void Record(int32_t number, std::string source, std::string description);
+void Record(const ErrorInfo& info);
+// Records an error and raises it.
+[[noreturn]] void Raise(int32_t number, std::string source, std::string description);
+// Makes the given exception the pending error: an RwzError as it is, anything
+// else as the runtime error that best describes it.
+void RecordException(const std::exception& error);
+void Clear();
+
+}  // namespace Err
+
+// Description of a runtime error number ("Permission denied" for 70).
+std::string RuntimeErrorText(int32_t number);
+
+// Raises the runtime error `number` with its standard description.
+[[noreturn]] void RaiseRuntimeError(int32_t number, const std::string& source);
+
+}  // namespace rwz

@@ -1,0 +1,53 @@
+// What the operating system says: which system is running, which browsers are
+// installed in which version, and the standard file dialogs.
+#pragma once
+
+#include <windows.h>
+
+#include <string>
+
+namespace rwz {
+
+// Operating-system tags.
+inline constexpr const char* kOS9x = "9x";
+inline constexpr const char* kOSNT = "NT";
+inline constexpr const char* kOS2K = "2K";
+inline constexpr const char* kOSXP = "XP";
+inline constexpr const char* kOS2003 = "2003";
+
+// The version record of the running system: the extended record first, then
+// the plain one, as older systems reject the extended one. False when both fail.
+bool QueryOSVersion(OSVERSIONINFOEXA& version);
+
+// The tag for a platform id and version; "" for an unsupported system.
+std::string OSTagFor(DWORD platformId, DWORD major, DWORD minor);
+
+// "9x", "NT", "2K", "XP", "2003", or "" on an unsupported system.
+std::string GetCurrentOSTag();
+bool IsNTPlatform();
+bool IsXPHomeEdition();
+
+// Product version strings of the installed browsers' program files; "" when
+// not installed. The ...Number twins give the leading number (0 for "").
+std::string GetIEVersion();
+std::string GetNetscapeVersion();
+std::string GetOperaVersion();
+float GetIEVersionNumber();
+float GetNetscapeVersionNumber();
+float GetOperaVersionNumber();
+// The leading number of a version string ("4.79 [en]" gives 4.79).
+float VersionNumber(const std::string& astrVersion);
+
+// The "ProductVersion" string of a file's version resource, "" when none.
+std::string GetFileProductVersion(const std::string& astrPath);
+
+// Common dialogs. Filters use "|" between fields, as in
+// "Text Files (*.txt)|*.txt|All Files (*.*)|*.*". Empty result on cancel.
+std::string ShowOpenFileDialog(HWND owner, const std::string& astrTitle,
+                               const std::string& astrFilter, const std::string& astrDefault);
+std::string ShowSaveFileDialog(HWND owner, const std::string& astrTitle,
+                               const std::string& astrFilter, const std::string& astrDefault);
+// The print-setup dialog; false on cancel.
+bool ShowPrintSetupDialog(HWND owner);
+
+}  // namespace rwz

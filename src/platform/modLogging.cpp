@@ -1,0 +1,89 @@
+#include "platform/modLogging.h"
+
+#include <windows.h>
+
+#include <cstdio>
+
+#include "platform/AppVersion.h"
+#include "platform/RwzError.h"
+#include "platform/modAPI.h"
+#include "platform/modUtilities.h"
+
+namespace rwz {
+
+namespace {
+
+const char kRule[] = "---------------------";
+
+std::string TwoDigits(int value) {
+    char text[8];
+    std::snprintf(text, sizeof text, "%02d", value % 100);
+    return text;
+}
+
+}  // namespace
+
+std::string LogFilePath() { return ProgramFolder() + "\\" + "DEBUG.LOG"; }
+
+std::string LevelWord(int level) {
+    switch (level) {
+        case kLogInformation: return "Information";
+        case kLogWarning: return "Warning";
+        case kLogError: return "ERROR";
+        case kLogDebug: return "Debug";
+        default: return "";  // deliberately no default word
+    }
+}
+
+std::string FormatLogLine(unsigned long threadId, const SYSTEMTIME& now,
+                          const std::string& levelWord, const std::string& message) {
+    char id[16];
+    std::snprintf(id, sizeof id, "%08lX", threadId & 0xFFFFFFFFul);
+    return std::string("[0x") + id + "][" + TwoDigits(now.wMonth) + "/" + TwoDigits(now.wDay) +
+           "/" + TwoDigits(now.wYear) + " " + TwoDigits(now.wHour) + ":" +
+           TwoDigits(now.wMinute) + ":" + TwoDigits(now.wSecond) + "] - " + levelWord + " - " +
+           message;
+}
+
+void WriteLogHeader() {
+    SYSTEMTIME now;
+    GetLocalTime(&now);
+    char stamp[32];
+    std::snprintf(stamp, sizeof stamp, " %02d/%02d/%04d %02d:%02d:%02d", now.wMonth, now.wDay,
+                  now.wYear, now.wHour, now.wMinute, now.wSecond);
+    const std::string eol = "\r\n";
+    std::string block;
+    block += std::string(kRule) + eol + "Roamwise Log File" + eol + kRule + eol;
+    block += stamp + eol + kRule + eol;
+    block += "Rwz:\t" + ProgramVersionText() + eol;
+    block += " OS:\t" + GetCurrentOSTag() + eol;
+    block += " IE:\t" + GetIEVersion() + eol;
+    block += " NN:\t" + GetNetscapeVersion() + eol;
+    block += std::string(kRule) + eol;
+
+    const std::string path = LogFilePath();
+    FILE* file = std::fopen(path.c_str(), "wb");
+    if (!file) RaiseRuntimeError(kErrPermissionDenied, "Rwz");
+    const bool written = std::fwrite(block.data(), 1, block.size(), file) == block.size();
+    std::fclose(file);
+    if (!written) RaiseRuntimeError(kErrDiskFull, "Rwz");
+}
+
+void WriteLog(const std::string& message, int level) {
+    SYSTEMTIME now;
+    GetLocalTime(&now);
+    const std::string line =
+        FormatLogLine(GetCurrentThreadId(), now, LevelWord(level), message) + "\r\n";
+    FILE* file = std::fopen(LogFilePath().c_str(), "ab");
+    if (!file) return;  // the line is lost; logging never disturbs the caller
+    std::fwrite(line.data(), 1, line.size(), file);
+    std::fclose(file);
+}
+
+void LogError(const std::string& where) {
+    const ErrorInfo& pending = Err::Pending();
+    std::string text = pending.Description + " (" + std::to_string(pending.Number) + ") : " + where;
+    WriteLog(Trim(text), kLogError);
+}
+
+}  // namespace rwz
