@@ -55,6 +55,7 @@ std::string RuntimeErrorText(int32_t number) {
         case kErrFileNotFound: return "File not found";
         case kErrBadFileMode: return "Bad file mode";
         case kErrDiskFull: return "Disk full";
+        case kErrPathFileAccess: return "Path/File access error";
         case kErrPermissionDenied: return "Permission denied";
         case kErrPathNotFound: return "Path not found";
         default: return "Application-defined or object-defined error";

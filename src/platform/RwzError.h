@@ -25,6 +25,7 @@ enum RuntimeError : int32_t {
     kErrFileNotFound = 53,
     kErrBadFileMode = 54,
     kErrDiskFull = 61,
+    kErrPathFileAccess = 75,
     kErrPermissionDenied = 70,
     kErrPathNotFound = 76,
 };
