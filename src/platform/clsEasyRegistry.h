@@ -86,6 +86,13 @@ public:
     bool IsWindowsNT() const;
 
 private:
+    // Opens a path ("\", "..", ".", absolute or relative) with the given rights.
+    void OpenKey(const std::string& astrPath, REGSAM alngAccess);
+    // Reopens the current key with other rights; false when that failed.
+    bool Reopen(REGSAM alngAccess);
+    // Records a store call's result and raises it unless errors are suppressed.
+    void CheckResult(long alngResult);
+
     std::string mstrPath;
     RegKey mhKey;
     bool mblnSuppressErrors = false;

@@ -1,0 +1,94 @@
+// Direct registry calls for the tests: they set up and check what the code under
+// test reads and writes, without going through it.
+#pragma once
+
+#include <windows.h>
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+namespace rwz::test {
+
+// Deletes a key with everything below it; a missing key is fine.
+inline void RawDeleteTree(HKEY root, const std::string& path) {
+    HKEY key = nullptr;
+    if (RegOpenKeyExA(root, path.c_str(), 0, KEY_ALL_ACCESS, &key) != ERROR_SUCCESS) return;
+    for (;;) {
+        char name[1024];
+        DWORD length = sizeof name;
+        if (RegEnumKeyExA(key, 0, name, &length, nullptr, nullptr, nullptr, nullptr) !=
+            ERROR_SUCCESS) {
+            break;
+        }
+        RawDeleteTree(key, name);
+    }
+    RegCloseKey(key);
+    RegDeleteKeyA(root, path.c_str());
+}
+
+inline bool RawCreateKey(HKEY root, const std::string& path) {
+    HKEY key = nullptr;
+    if (RegCreateKeyExA(root, path.c_str(), 0, nullptr, 0, KEY_ALL_ACCESS, nullptr, &key,
+                        nullptr) != ERROR_SUCCESS) {
+        return false;
+    }
+    RegCloseKey(key);
+    return true;
+}
+
+inline bool RawKeyExists(HKEY root, const std::string& path) {
+    HKEY key = nullptr;
+    if (RegOpenKeyExA(root, path.c_str(), 0, KEY_QUERY_VALUE, &key) != ERROR_SUCCESS) return false;
+    RegCloseKey(key);
+    return true;
+}
+
+inline LONG RawSetValue(HKEY root, const std::string& path, const std::string& name, DWORD type,
+                        const std::vector<uint8_t>& data) {
+    HKEY key = nullptr;
+    LONG result =
+        RegCreateKeyExA(root, path.c_str(), 0, nullptr, 0, KEY_ALL_ACCESS, nullptr, &key, nullptr);
+    if (result != ERROR_SUCCESS) return result;
+    result = RegSetValueExA(key, name.c_str(), 0, type, data.empty() ? nullptr : data.data(),
+                            static_cast<DWORD>(data.size()));
+    RegCloseKey(key);
+    return result;
+}
+
+inline LONG RawSetString(HKEY root, const std::string& path, const std::string& name,
+                         const std::string& text, DWORD type = REG_SZ) {
+    std::vector<uint8_t> data(text.begin(), text.end());
+    data.push_back(0);
+    return RawSetValue(root, path, name, type, data);
+}
+
+struct RawValue {
+    LONG Result = ERROR_FILE_NOT_FOUND;
+    DWORD Type = REG_NONE;
+    std::vector<uint8_t> Data;
+};
+
+// Type, exact size and bytes of a value as the store reports them.
+inline RawValue RawQuery(HKEY root, const std::string& path, const std::string& name) {
+    RawValue value;
+    HKEY key = nullptr;
+    value.Result = RegOpenKeyExA(root, path.c_str(), 0, KEY_QUERY_VALUE, &key);
+    if (value.Result != ERROR_SUCCESS) return value;
+    DWORD size = 0;
+    value.Result = RegQueryValueExA(key, name.c_str(), nullptr, &value.Type, nullptr, &size);
+    if (value.Result == ERROR_SUCCESS) {
+        value.Data.resize(size);
+        value.Result = RegQueryValueExA(key, name.c_str(), nullptr, &value.Type,
+                                        size ? value.Data.data() : nullptr, &size);
+        value.Data.resize(size);
+    }
+    RegCloseKey(key);
+    return value;
+}
+
+inline std::vector<uint8_t> Bytes(const std::string& text) {
+    return std::vector<uint8_t>(text.begin(), text.end());
+}
+
+}  // namespace rwz::test
