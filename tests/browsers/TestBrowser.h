@@ -9,14 +9,14 @@
 #include <string>
 #include <vector>
 
-#include "browsers/BrowserBase.h"
+#include "browsers/clsBrowserBase.h"
 
 namespace rwz::test {
 
-class TestBrowser : public BrowserBase {
+class TestBrowser : public clsBrowserBase {
   public:
     explicit TestBrowser(BrowserSection aSection = BrowserSection::InternetExplorer)
-        : BrowserBase(aSection, "clsTestBrowser") {}
+        : clsBrowserBase(aSection, "clsTestBrowser") {}
 
     // The live browser: what LoadConfiguration finds there.
     std::string LiveHomePage;

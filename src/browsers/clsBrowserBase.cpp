@@ -1,4 +1,4 @@
-#include "browsers/BrowserBase.h"
+#include "browsers/clsBrowserBase.h"
 
 #include "platform/Procedure.h"
 #include "platform/modUtilities.h"
@@ -24,11 +24,11 @@ enum class KeyEncoding {
 
 }  // namespace
 
-struct BrowserBase::SectionKey {
+struct clsBrowserBase::SectionKey {
     const char* Key;
     KeyEncoding Encoding;
-    std::string BrowserBase::*Text;
-    bool BrowserBase::*Flag;
+    std::string clsBrowserBase::*Text;
+    bool clsBrowserBase::*Flag;
 };
 
 const char* BrowserSectionName(BrowserSection aSection) {
@@ -43,14 +43,14 @@ const char* BrowserSectionName(BrowserSection aSection) {
     return "";
 }
 
-BrowserBase::BrowserBase(BrowserSection aSection, const char* astrLogTag)
+clsBrowserBase::clsBrowserBase(BrowserSection aSection, const char* astrLogTag)
     : mSection(aSection), mLogTag(astrLogTag) {}
 
 // The keys of each section in file order. The sections differ on purpose
 // (mixed case against "NN" upper case, "HTTPS" against "SSL"): files written
 // by earlier versions must keep reading.
-const std::vector<BrowserBase::SectionKey>& BrowserBase::KeysOf(BrowserSection aSection) {
-    using B = BrowserBase;
+const std::vector<clsBrowserBase::SectionKey>& clsBrowserBase::KeysOf(BrowserSection aSection) {
+    using B = clsBrowserBase;
     constexpr auto T = KeyEncoding::Text;
     constexpr auto F = KeyEncoding::Flag;
     static const std::vector<SectionKey> explorer = {
@@ -129,7 +129,7 @@ const std::vector<BrowserBase::SectionKey>& BrowserBase::KeysOf(BrowserSection a
     return opera;
 }
 
-std::optional<std::string> BrowserBase::ReadSectionValue(const std::string& astrFile,
+std::optional<std::string> clsBrowserBase::ReadSectionValue(const std::string& astrFile,
                                                          const std::string& astrSection,
                                                          const std::string& astrKey) {
     const std::string value = StripNulls(ReadProfileString(astrFile, astrSection, astrKey, ""));
@@ -137,7 +137,7 @@ std::optional<std::string> BrowserBase::ReadSectionValue(const std::string& astr
     return EvaluateCondition(value);
 }
 
-void BrowserBase::ReadKey(const SectionKey& aKey, const std::string& astrValue) {
+void clsBrowserBase::ReadKey(const SectionKey& aKey, const std::string& astrValue) {
     switch (aKey.Encoding) {
         case KeyEncoding::Text:
             this->*aKey.Text = astrValue;
@@ -169,7 +169,7 @@ void BrowserBase::ReadKey(const SectionKey& aKey, const std::string& astrValue) 
     }
 }
 
-std::string BrowserBase::KeyText(const SectionKey& aKey) const {
+std::string clsBrowserBase::KeyText(const SectionKey& aKey) const {
     switch (aKey.Encoding) {
         case KeyEncoding::Text:
         case KeyEncoding::ProfileName:
@@ -187,7 +187,7 @@ std::string BrowserBase::KeyText(const SectionKey& aKey) const {
     return std::string();
 }
 
-void BrowserBase::LoadConfigurationFile(const std::string& astrFile) {
+void clsBrowserBase::LoadConfigurationFile(const std::string& astrFile) {
     Procedure proc(mLogTag, "LoadConfigurationFile");
     proc.RunPassingOn([&] {
         proc.Log(astrFile);
@@ -199,7 +199,7 @@ void BrowserBase::LoadConfigurationFile(const std::string& astrFile) {
     });
 }
 
-void BrowserBase::SaveConfigurationFile(const std::string& astrFile) {
+void clsBrowserBase::SaveConfigurationFile(const std::string& astrFile) {
     Procedure proc(mLogTag, "SaveConfigurationFile");
     proc.RunPassingOn([&] {
         proc.Log(astrFile);
@@ -212,127 +212,127 @@ void BrowserBase::SaveConfigurationFile(const std::string& astrFile) {
 
 // Property setters: store and mark modified, even when the value is the one
 // already held.
-void BrowserBase::SetAutoDetectSettings(bool ablnValue) {
+void clsBrowserBase::SetAutoDetectSettings(bool ablnValue) {
     Assign(mblnAutoDetectSettings, ablnValue);
 }
-void BrowserBase::SetAutoConfigURL(const std::string& astrValue) {
+void clsBrowserBase::SetAutoConfigURL(const std::string& astrValue) {
     Assign(mstrAutoConfigURL, astrValue);
 }
-void BrowserBase::SetConnectViaLAN(bool ablnValue) {
+void clsBrowserBase::SetConnectViaLAN(bool ablnValue) {
     Assign(mblnConnectViaLAN, ablnValue);
 }
-void BrowserBase::SetCurrentProfile(const std::string& astrValue) {
+void clsBrowserBase::SetCurrentProfile(const std::string& astrValue) {
     Assign(mstrCurrentProfile, astrValue);
 }
-void BrowserBase::SetCurrentUserAgent(const std::string& astrValue) {
+void clsBrowserBase::SetCurrentUserAgent(const std::string& astrValue) {
     Assign(mstrCurrentUserAgent, astrValue);
 }
-void BrowserBase::SetDefaultHomePage(const std::string& astrValue) {
+void clsBrowserBase::SetDefaultHomePage(const std::string& astrValue) {
     Assign(mstrDefaultHomePage, astrValue);
 }
-void BrowserBase::SetDisablePWDCache(bool ablnValue) {
+void clsBrowserBase::SetDisablePWDCache(bool ablnValue) {
     Assign(mblnDisablePWDCache, ablnValue);
 }
-void BrowserBase::SetEMailAddr(const std::string& astrValue) {
+void clsBrowserBase::SetEMailAddr(const std::string& astrValue) {
     Assign(mstrEMailAddr, astrValue);
 }
-void BrowserBase::SetEMailFullName(const std::string& astrValue) {
+void clsBrowserBase::SetEMailFullName(const std::string& astrValue) {
     Assign(mstrEMailFullName, astrValue);
 }
-void BrowserBase::SetEMailOrganization(const std::string& astrValue) {
+void clsBrowserBase::SetEMailOrganization(const std::string& astrValue) {
     Assign(mstrEMailOrganization, astrValue);
 }
-void BrowserBase::SetEMailPOP3Login(const std::string& astrValue) {
+void clsBrowserBase::SetEMailPOP3Login(const std::string& astrValue) {
     Assign(mstrEMailPOP3Login, astrValue);
 }
-void BrowserBase::SetEMailPOP3Server(const std::string& astrValue) {
+void clsBrowserBase::SetEMailPOP3Server(const std::string& astrValue) {
     Assign(mstrEMailPOP3Server, astrValue);
 }
-void BrowserBase::SetEMailReplyToAddr(const std::string& astrValue) {
+void clsBrowserBase::SetEMailReplyToAddr(const std::string& astrValue) {
     Assign(mstrEMailReplyToAddr, astrValue);
 }
-void BrowserBase::SetEMailSMTPLogin(const std::string& astrValue) {
+void clsBrowserBase::SetEMailSMTPLogin(const std::string& astrValue) {
     Assign(mstrEMailSMTPLogin, astrValue);
 }
-void BrowserBase::SetEMailSMTPServer(const std::string& astrValue) {
+void clsBrowserBase::SetEMailSMTPServer(const std::string& astrValue) {
     Assign(mstrEMailSMTPServer, astrValue);
 }
-void BrowserBase::SetEMailLeaveMailOnServer(bool ablnValue) {
+void clsBrowserBase::SetEMailLeaveMailOnServer(bool ablnValue) {
     Assign(mblnEMailLeaveMailOnServer, ablnValue);
 }
-void BrowserBase::SetFTPAddress(const std::string& astrValue) {
+void clsBrowserBase::SetFTPAddress(const std::string& astrValue) {
     Assign(mstrFTPAddress, astrValue);
 }
-void BrowserBase::SetFTPPort(const std::string& astrValue) {
+void clsBrowserBase::SetFTPPort(const std::string& astrValue) {
     Assign(mstrFTPPort, astrValue);
 }
-void BrowserBase::SetCurrentDUN(const std::string& astrValue) {
+void clsBrowserBase::SetCurrentDUN(const std::string& astrValue) {
     Assign(mstrCurrentDUN, astrValue);
 }
-void BrowserBase::SetGopherAddress(const std::string& astrValue) {
+void clsBrowserBase::SetGopherAddress(const std::string& astrValue) {
     Assign(mstrGopherAddress, astrValue);
 }
-void BrowserBase::SetGopherPort(const std::string& astrValue) {
+void clsBrowserBase::SetGopherPort(const std::string& astrValue) {
     Assign(mstrGopherPort, astrValue);
 }
-void BrowserBase::SetHTTPAddress(const std::string& astrValue) {
+void clsBrowserBase::SetHTTPAddress(const std::string& astrValue) {
     Assign(mstrHTTPAddress, astrValue);
 }
-void BrowserBase::SetHTTPPort(const std::string& astrValue) {
+void clsBrowserBase::SetHTTPPort(const std::string& astrValue) {
     Assign(mstrHTTPPort, astrValue);
 }
-void BrowserBase::SetIgnoreLocalAddresses(bool ablnValue) {
+void clsBrowserBase::SetIgnoreLocalAddresses(bool ablnValue) {
     Assign(mblnIgnoreLocalAddresses, ablnValue);
 }
-void BrowserBase::SetProxyEnabled(bool ablnValue) {
+void clsBrowserBase::SetProxyEnabled(bool ablnValue) {
     Assign(mblnProxyEnabled, ablnValue);
 }
-void BrowserBase::SetFTPProxyEnabled(bool ablnValue) {
+void clsBrowserBase::SetFTPProxyEnabled(bool ablnValue) {
     Assign(mblnFTPProxyEnabled, ablnValue);
 }
-void BrowserBase::SetGopherProxyEnabled(bool ablnValue) {
+void clsBrowserBase::SetGopherProxyEnabled(bool ablnValue) {
     Assign(mblnGopherProxyEnabled, ablnValue);
 }
-void BrowserBase::SetHTTPProxyEnabled(bool ablnValue) {
+void clsBrowserBase::SetHTTPProxyEnabled(bool ablnValue) {
     Assign(mblnHTTPProxyEnabled, ablnValue);
 }
-void BrowserBase::SetSecureProxyEnabled(bool ablnValue) {
+void clsBrowserBase::SetSecureProxyEnabled(bool ablnValue) {
     Assign(mblnSecureProxyEnabled, ablnValue);
 }
-void BrowserBase::SetWAISProxyEnabled(bool ablnValue) {
+void clsBrowserBase::SetWAISProxyEnabled(bool ablnValue) {
     Assign(mblnWAISProxyEnabled, ablnValue);
 }
-void BrowserBase::SetProxyExceptionsEnabled(bool ablnValue) {
+void clsBrowserBase::SetProxyExceptionsEnabled(bool ablnValue) {
     Assign(mblnProxyExceptionsEnabled, ablnValue);
 }
-void BrowserBase::SetProxyExceptions(const std::string& astrValue) {
+void clsBrowserBase::SetProxyExceptions(const std::string& astrValue) {
     Assign(mstrProxyExceptions, astrValue);
 }
-void BrowserBase::SetSecureAddress(const std::string& astrValue) {
+void clsBrowserBase::SetSecureAddress(const std::string& astrValue) {
     Assign(mstrSecureAddress, astrValue);
 }
-void BrowserBase::SetSecurePort(const std::string& astrValue) {
+void clsBrowserBase::SetSecurePort(const std::string& astrValue) {
     Assign(mstrSecurePort, astrValue);
 }
-void BrowserBase::SetSocksAddress(const std::string& astrValue) {
+void clsBrowserBase::SetSocksAddress(const std::string& astrValue) {
     Assign(mstrSocksAddress, astrValue);
 }
-void BrowserBase::SetSocksPort(const std::string& astrValue) {
+void clsBrowserBase::SetSocksPort(const std::string& astrValue) {
     Assign(mstrSocksPort, astrValue);
 }
-void BrowserBase::SetSocksVersion(const std::string& astrValue) {
+void clsBrowserBase::SetSocksVersion(const std::string& astrValue) {
     Assign(mstrSocksVersion, astrValue);
 }
-void BrowserBase::SetUseAutoConfigURL(bool ablnValue) {
+void clsBrowserBase::SetUseAutoConfigURL(bool ablnValue) {
     Assign(mblnUseAutoConfigURL, ablnValue);
 }
-void BrowserBase::SetUseSameProxy(bool ablnValue) {
+void clsBrowserBase::SetUseSameProxy(bool ablnValue) {
     Assign(mblnUseSameProxy, ablnValue);
 }
-void BrowserBase::SetWAISAddress(const std::string& astrValue) {
+void clsBrowserBase::SetWAISAddress(const std::string& astrValue) {
     Assign(mstrWAISAddress, astrValue);
 }
-void BrowserBase::SetWAISPort(const std::string& astrValue) {
+void clsBrowserBase::SetWAISPort(const std::string& astrValue) {
     Assign(mstrWAISPort, astrValue);
 }
 

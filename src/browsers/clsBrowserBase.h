@@ -6,7 +6,7 @@
 // it uses (the others do nothing here).
 //
 // A back end that overrides a live operation such as SetProxyEnabled() hides
-// the property setter of the same name; add `using BrowserBase::SetProxyEnabled;`
+// the property setter of the same name; add `using clsBrowserBase::SetProxyEnabled;`
 // to call the setter from inside the back end.
 #pragma once
 
@@ -25,7 +25,7 @@ enum class BrowserSection { InternetExplorer, Navigator, Opera };
 // which is also its key in [Enabled Sections].
 const char* BrowserSectionName(BrowserSection aSection);
 
-class BrowserBase : public IBrowser {
+class clsBrowserBase : public IBrowser {
   public:
     // A value that keeps the setting the record already holds.
     static constexpr const char* kIgnoreValue = "{IGNORE}";
@@ -177,7 +177,7 @@ class BrowserBase : public IBrowser {
 
   protected:
     // `astrLogTag` is the object name of the back end's log lines ("clsOpera").
-    BrowserBase(BrowserSection aSection, const char* astrLogTag);
+    clsBrowserBase(BrowserSection aSection, const char* astrLogTag);
 
     const char* LogTag() const { return mLogTag; }
     void MarkModified() { mblnIsModified = true; }
