@@ -14,7 +14,9 @@ namespace {
 
 const char kRecent[] = "Recent";
 
-std::string FileKey(size_t position) { return "File" + std::to_string(position); }
+std::string FileKey(size_t position) {
+    return "File" + std::to_string(position);
+}
 
 bool SamePath(const std::string& a, const std::string& b) {
     return lstrcmpiA(a.c_str(), b.c_str()) == 0;
@@ -52,8 +54,13 @@ void clsMRUList::SetRecentList() {
         for (size_t i = 0; i < mcolFiles.size(); ++i)
             SaveProgramSetting(kProductName, kRecent, FileKey(i + 1), mcolFiles[i]);
         // A shorter list must not let older entries reappear on the next load.
-        for (size_t i = mcolFiles.size() + 1; i <= static_cast<size_t>(kMaxFiles); ++i)
-            DeleteProgramSetting(kProductName, kRecent, FileKey(i));
+        for (const RegistryValueRow& row : GetAllProgramSettings(kProductName, kRecent)) {
+            const std::string name = ToLower(row.Name);
+            if (name.compare(0, 4, "file") != 0) continue;
+            const long position = std::atol(name.c_str() + 4);
+            if (position > static_cast<long>(mcolFiles.size()))
+                DeleteProgramSetting(kProductName, kRecent, row.Name);
+        }
     });
 }
 

@@ -1,27 +1,67 @@
 #include "shell/frmMain.h"
 
+#include <commctrl.h>
+
+#include "localization/modLocalization.h"
+#include "platform/AppVersion.h"
 #include "platform/Procedure.h"
 #include "platform/WaitCursor.h"
 #include "platform/modAPI.h"
+#include "platform/modFindPartEnum.h"
 #include "platform/modLogging.h"
 #include "platform/modUtilities.h"
+#include "profile/clsRwzConfig.h"
+#include "profile/modRestart.h"
+#include "shell/frmMainRes.h"
+#include "shell/frmRestart.h"
 #include "shell/modCommandLine.h"
 
 namespace rwz {
 
 namespace {
 
-const char kWindowClass[] = "RoamwiseMain";
+const char kObject[] = "frmMain";
+const char kOptions[] = "Options";
 const char kUnsupportedTitle[] = "Non-Supported Operating System";
 const char kUnsupportedText[] =
     "The current operating system is not supported by this version of Roamwise.  "
     "Please check the Roamwise web site to see if there is an updated version available.";
+// Only one copy of the window stays open; a second one brings it forward.
+const char kCopyMutex[] = "Roamwise.MainWindow";
+
+constexpr int16_t kMsgCurrentConfiguration = 60;
+
+// Toolbar buttons, in order; the area buttons switch an area of the profile on or off.
+struct ToolbarButton {
+    int bitmap;
+    int command;
+    BYTE style;
+    const char* text;
+};
+const ToolbarButton kToolbarButtons[] = {
+    {STD_FILEOPEN, IDM_FILE_OPEN, BTNS_BUTTON, "Open"},
+    {STD_FILESAVE, IDM_FILE_SAVE, BTNS_BUTTON, "Save"},
+    {STD_REDOW, IDM_FILE_APPLY, BTNS_BUTTON, "Apply"},
+    {0, 0, BTNS_SEP, nullptr},
+    {STD_PROPERTIES, IDM_AREA_GENERAL, BTNS_CHECK, "General"},
+    {STD_PROPERTIES, IDM_AREA_IE, BTNS_CHECK, "Internet Explorer"},
+    {STD_PROPERTIES, IDM_AREA_NETSCAPE, BTNS_CHECK, "Netscape"},
+    {STD_PROPERTIES, IDM_AREA_OPERA, BTNS_CHECK, "Opera"},
+};
+const int kAreaCommands[] = {IDM_AREA_GENERAL, IDM_AREA_IE, IDM_AREA_NETSCAPE, IDM_AREA_OPERA};
+
+// Widths of the status bar panels 2 to 4; panel 1 takes the rest.
+const int kPanelWidths[] = {0, 110, 90, 110};
 
 }  // namespace
 
 frmMain::frmMain(HINSTANCE instance) : mhInstance(instance) {}
 
+frmMain::~frmMain() = default;
+
 int frmMain::Run(int showCommand) {
+    mhCopyMutex.Reset(CreateMutexA(nullptr, FALSE, kCopyMutex));
+    mblnAnotherCopy = GetLastError() == ERROR_ALREADY_EXISTS;
     if (!CreateMainWindow()) return 1;
     Form_Load();
     if (mblnUnloaded) return 0;
@@ -29,6 +69,8 @@ int frmMain::Run(int showCommand) {
     UpdateWindow(mhWnd);
     MSG message;
     while (GetMessageA(&message, nullptr, 0, 0) > 0) {
+        if (mhWnd && TranslateAcceleratorA(mhWnd, mhAccelerators, &message)) continue;
+        if (mhWnd && IsDialogMessageA(mhWnd, &message)) continue;
         TranslateMessage(&message);
         DispatchMessageA(&message);
     }
@@ -36,36 +78,168 @@ int frmMain::Run(int showCommand) {
 }
 
 bool frmMain::CreateMainWindow() {
-    WNDCLASSA windowClass = {};
-    windowClass.lpfnWndProc = WindowProc;
-    windowClass.hInstance = mhInstance;
-    windowClass.hCursor = LoadCursorA(nullptr, MAKEINTRESOURCEA(32512));
-    windowClass.hbrBackground = reinterpret_cast<HBRUSH>(COLOR_BTNFACE + 1);
-    windowClass.lpszClassName = kWindowClass;
-    RegisterClassA(&windowClass);
-    mhWnd = CreateWindowExA(0, kWindowClass, "Roamwise", WS_OVERLAPPEDWINDOW, CW_USEDEFAULT,
-                            CW_USEDEFAULT, 640, 480, nullptr, nullptr, mhInstance, this);
-    return mhWnd != nullptr;
+    INITCOMMONCONTROLSEX controls = {sizeof controls, ICC_BAR_CLASSES | ICC_TAB_CLASSES};
+    if (!InitCommonControlsEx(&controls)) InitCommonControls();
+    mhAccelerators = LoadAcceleratorsA(mhInstance, "MAIN_KEYS");
+    mhWnd =
+        CreateDialogParamA(mhInstance, "MAIN", nullptr, DialogProc, reinterpret_cast<LPARAM>(this));
+    if (!mhWnd) return false;
+    mhTabs = GetDlgItem(mhWnd, IDC_MAIN_TABS);
+    CreateBars();
+    CreatePages();
+    Layout();
+    return true;
 }
 
-LRESULT CALLBACK frmMain::WindowProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
-    if (message == WM_NCCREATE) {
-        auto* create = reinterpret_cast<CREATESTRUCTA*>(lParam);
-        SetWindowLongPtrA(window, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(create->lpCreateParams));
-        reinterpret_cast<frmMain*>(create->lpCreateParams)->mhWnd = window;
+void frmMain::CreateBars() {
+    mhToolbar = CreateWindowExA(
+        0, TOOLBARCLASSNAMEA, nullptr,
+        WS_CHILD | WS_VISIBLE | TBSTYLE_FLAT | TBSTYLE_LIST | TBSTYLE_TOOLTIPS | CCS_TOP, 0, 0, 0,
+        0, mhWnd, nullptr, mhInstance, nullptr);
+    SendMessageA(mhToolbar, TB_BUTTONSTRUCTSIZE, sizeof(TBBUTTON), 0);
+    TBADDBITMAP bitmap = {HINST_COMMCTRL, IDB_STD_SMALL_COLOR};
+    SendMessageA(mhToolbar, TB_ADDBITMAP, 0, reinterpret_cast<LPARAM>(&bitmap));
+    std::vector<TBBUTTON> buttons;
+    for (const ToolbarButton& b : kToolbarButtons) {
+        TBBUTTON button = {};
+        button.iBitmap = b.bitmap;
+        button.idCommand = b.command;
+        button.fsState = TBSTATE_ENABLED;
+        button.fsStyle = b.style;
+        if (b.text) {
+            std::string text = b.text;
+            text.push_back('\0');
+            button.iString =
+                SendMessageA(mhToolbar, TB_ADDSTRINGA, 0, reinterpret_cast<LPARAM>(text.c_str()));
+        }
+        buttons.push_back(button);
     }
-    auto* form = reinterpret_cast<frmMain*>(GetWindowLongPtrA(window, GWLP_USERDATA));
-    if (!form) return DefWindowProcA(window, message, wParam, lParam);
-    return form->HandleMessage(message, wParam, lParam);
+    SendMessageA(mhToolbar, TB_ADDBUTTONSA, buttons.size(),
+                 reinterpret_cast<LPARAM>(buttons.data()));
+    SendMessageA(mhToolbar, TB_AUTOSIZE, 0, 0);
+
+    mhStatusBar =
+        CreateWindowExA(0, STATUSCLASSNAMEA, nullptr, WS_CHILD | WS_VISIBLE | SBARS_SIZEGRIP, 0, 0,
+                        0, 0, mhWnd, nullptr, mhInstance, nullptr);
 }
 
-LRESULT frmMain::HandleMessage(UINT message, WPARAM wParam, LPARAM lParam) {
+void frmMain::CreatePages() {
+    const char* templates[kPageCount] = {"GENERAL_TAB", "IE_TAB", "NETSCAPE_TAB", "OPERA_TAB"};
+    const char* captions[kPageCount] = {"General", "Internet Explorer", "Netscape", "Opera"};
+    for (int i = 0; i < kPageCount; ++i) {
+        mobjPages[i] = std::make_unique<clsTabPage>(templates[i], captions[i]);
+        mobjPages[i]->Create(mhInstance, mhWnd, *this);
+        TCITEMA item = {};
+        item.mask = TCIF_TEXT;
+        std::string caption = mobjPages[i]->Caption();
+        item.pszText = &caption[0];
+        SendMessageA(mhTabs, TCM_INSERTITEMA, i, reinterpret_cast<LPARAM>(&item));
+    }
+}
+
+void frmMain::Layout() {
+    if (!mhWnd) return;
+    RECT client;
+    GetClientRect(mhWnd, &client);
+    SendMessageA(mhToolbar, TB_AUTOSIZE, 0, 0);
+    SendMessageA(mhStatusBar, WM_SIZE, 0, 0);
+    RECT bar;
+    GetWindowRect(mhToolbar, &bar);
+    const int top = bar.bottom - bar.top + 4;
+    GetWindowRect(mhStatusBar, &bar);
+    const int bottom = client.bottom - (bar.bottom - bar.top) - 4;
+    MoveWindow(mhTabs, 4, top, client.right - 8, bottom - top, TRUE);
+
+    RECT display = {4, top, client.right - 4, bottom};
+    SendMessageA(mhTabs, TCM_ADJUSTRECT, FALSE, reinterpret_cast<LPARAM>(&display));
+    for (auto& page : mobjPages) {
+        if (!page || !page->Handle()) continue;
+        SetWindowPos(page->Handle(), HWND_TOP, display.left, display.top,
+                     display.right - display.left, display.bottom - display.top, 0);
+    }
+
+    // Panel 1 takes what the visible panels 2 to 4 leave.
+    int edges[kPanelCount];
+    int right = client.right;
+    for (int panel = kPanelCount; panel >= 1; --panel) {
+        edges[panel - 1] = panel == kPanelCount ? -1 : right;
+        if (panel > 1 && PanelVisible(panel)) right -= kPanelWidths[panel - 1];
+    }
+    SendMessageA(mhStatusBar, SB_SETPARTS, kPanelCount, reinterpret_cast<LPARAM>(edges));
+    for (int panel = 1; panel <= kPanelCount; ++panel) {
+        const std::string text = PanelVisible(panel) ? mstrPanelText[panel - 1] : std::string();
+        SendMessageA(mhStatusBar, SB_SETTEXTA, panel - 1, reinterpret_cast<LPARAM>(text.c_str()));
+    }
+}
+
+INT_PTR CALLBACK frmMain::DialogProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+    if (message == WM_INITDIALOG) {
+        SetWindowLongPtrA(window, DWLP_USER, lParam);
+        reinterpret_cast<frmMain*>(lParam)->mhWnd = window;
+        return TRUE;
+    }
+    auto* form = reinterpret_cast<frmMain*>(GetWindowLongPtrA(window, DWLP_USER));
+    return form ? form->HandleMessage(message, wParam, lParam) : FALSE;
+}
+
+INT_PTR frmMain::HandleMessage(UINT message, WPARAM wParam, LPARAM lParam) {
     switch (message) {
+        case WM_COMMAND:
+            OnCommand(LOWORD(wParam));
+            return TRUE;
+        case WM_NOTIFY: {
+            const auto* header = reinterpret_cast<const NMHDR*>(lParam);
+            if (header->hwndFrom == mhTabs && header->code == TCN_SELCHANGE) {
+                const int selected = static_cast<int>(SendMessageA(mhTabs, TCM_GETCURSEL, 0, 0));
+                if (selected >= 0 && mblnInstalled[selected])
+                    SelectPage(selected);
+                else
+                    SelectFirstEnabledPage();
+            }
+            return TRUE;
+        }
+        case WM_SIZE:
+            Layout();
+            return TRUE;
+        case WM_ACTIVATE:
+            if (LOWORD(wParam) != WA_INACTIVE && !mblnActivated) {
+                mblnActivated = true;
+                OnFirstActivation();
+            }
+            return FALSE;
+        case WM_CLOSE:
+            ExitApplication();
+            return TRUE;
         case WM_DESTROY:
-            if (!mblnUnloaded) PostQuitMessage(0);
-            return 0;
+            PostQuitMessage(0);
+            return TRUE;
     }
-    return DefWindowProcA(mhWnd, message, wParam, lParam);
+    return FALSE;
+}
+
+void frmMain::OnCommand(int aintId) {
+    if (aintId >= IDM_FILE_MRU_FIRST && aintId < IDM_FILE_MRU_FIRST + clsMRUList::kMaxFiles) {
+        OpenMRUFile(aintId - IDM_FILE_MRU_FIRST);
+        return;
+    }
+    for (int page = 0; page < kPageCount; ++page)
+        if (aintId == kAreaCommands[page]) return ToggleArea(page);
+    switch (aintId) {
+        case IDM_FILE_OPEN:
+            return OpenFile();
+        case IDM_FILE_SAVE:
+            return SaveFile();
+        case IDM_FILE_SAVEAS:
+            return SaveFileAs();
+        case IDM_FILE_APPLY:
+            return ApplyCurrentConfiguration();
+        case IDM_FILE_EXIT:
+            return ExitApplication();
+        case IDM_HELP_CONTENTS:
+            return ShowHelpContents();
+        case IDM_HELP_ABOUT:
+            return DisplayAboutDialog();
+    }
 }
 
 void frmMain::Form_Load() {
@@ -75,17 +249,34 @@ void frmMain::Form_Load() {
         WriteLogHeader();
     } catch (const std::exception&) {
     }
-    Procedure proc("frmMain", "Form_Load");
+    Procedure proc(kObject, "Form_Load");
     proc.Run([&] {
         WaitCursor hourglass;
         mblnActivated = false;
 
+        // The language's captions: the tab names and the toolbar's tips.
+        for (int i = 0; i < kPageCount; ++i) {
+            std::string caption = Localization().GetLocalizedValue(
+                kObject, ControlArrayKey("Tab", i), false, mobjPages[i]->Caption());
+            TCITEMA item = {};
+            item.mask = TCIF_TEXT;
+            item.pszText = &caption[0];
+            SendMessageA(mhTabs, TCM_SETITEMA, i, reinterpret_cast<LPARAM>(&item));
+        }
+        Localization().SetToolbarTooltips(mhToolbar, kObject, "Toolbar");
+
         mstrOS = Trim(GetCurrentOSTag());
         if (mstrOS.empty()) {
-            MessageBoxA(nullptr, kUnsupportedText, kUnsupportedTitle, MB_OK | MB_ICONSTOP);
+            SetPanelVisible(3, false);
+            ShowMessage(kUnsupportedText, MB_OK | MB_ICONSTOP, kUnsupportedTitle);
             Unload();
             return;
         }
+
+        mblnAutoReset = GetProgramSetting(kProductName, kOptions, "AutoReset", "0") == "1";
+        mobjMRU.GetRecentList();
+        InitializeMenu();
+        InitializeForm();
 
         const std::string text = CommandLineText();
         if (!text.empty()) {
@@ -95,17 +286,267 @@ void frmMain::Form_Load() {
     });
 }
 
+void frmMain::OnFirstActivation() {
+    if (!mblnAnotherCopy) return;
+    // Only one copy stays open: bring the other one forward and leave.
+    SetWindowTextA(mhWnd, "");
+    if (HWND other = FindWindowByPartialTitle("- Roamwise", mhWnd)) {
+        if (IsIconic(other)) ShowWindow(other, SW_RESTORE);
+        SetForegroundWindow(other);
+    }
+    Unload();
+}
+
+void frmMain::InitializeForm() {
+    Procedure proc(kObject, "InitializeForm");
+    auto step = [&](const std::string& text) { proc.Log(text); };
+    proc.RunThen(
+        [&] {
+            WaitCursor hourglass;
+            mblnShowNICWarning =
+                GetProgramSetting(kProductName, kOptions, "NICWarning", "0") == "0";
+            step(std::string("mblnShowNICWarning = ") + (mblnShowNICWarning ? "True" : "False"));
+            SetCaption("[" + MessageText(kMsgCurrentConfiguration) + "] - Roamwise");
+
+            mblnLoading = true;
+            mblnChanged = false;
+            mobjConfig = std::make_unique<clsRwzConfig>();
+
+            SetChanged(false);  // nothing to save or apply yet
+
+            if (mobjConfig->IEInstalled()) step("Internet Explorer is Installed");
+            if (mobjConfig->NNInstalled()) step("Netscape Navigator/Mozilla is Installed");
+            if (mobjConfig->OperaInstalled()) step("Opera is Installed");
+
+            mblnInstalled = {mobjConfig->GetNetConfig() != nullptr, mobjConfig->IEInstalled(),
+                             mobjConfig->NNInstalled(), mobjConfig->OperaInstalled()};
+            if (mblnInstalled[kPageGeneral]) {
+                step("Calling InitializeNICControls...");
+                step("Calling InitializeMiscControls...");
+                mobjPages[kPageGeneral]->Refill(*mobjConfig, false);
+            }
+            struct Browser {
+                Page page;
+                const char* name;
+                const char* initializer;
+                void (clsRwzConfig::*turnOff)(bool);
+            };
+            const Browser browsers[] = {
+                {kPageIE, "IE", "InitializeIEControls", &clsRwzConfig::SetApplyIE},
+                {kPageNetscape, "Netscape", "InitializeNetscapeControls",
+                 &clsRwzConfig::SetApplyNN},
+                {kPageOpera, "Opera", "InitializeOperaControls", &clsRwzConfig::SetApplyOpera},
+            };
+            for (const Browser& b : browsers) {
+                if (!mblnInstalled[b.page]) {
+                    step(std::string("Disable ") + b.name + " Controls...");
+                    (mobjConfig.get()->*b.turnOff)(false);
+                } else {
+                    step(std::string("Calling ") + b.initializer + "...");
+                    mobjPages[b.page]->Refill(*mobjConfig, false);
+                }
+            }
+            if (!mblnInstalled[kPageGeneral]) mobjConfig->SetApplyGeneral(false);
+            step(mobjConfig->ApplyGeneral() ? "Configure 'General' tab's controls..."
+                                            : "Disable 'General' tab's controls...");
+            UpdateAreaButtons();
+
+            step("Enable first availabe tab...");
+            SelectFirstEnabledPage();
+
+            step("Update status bar...");
+            SetPanelVisible(3, false);
+            SetPanelVisible(4, false);
+            SetPanelText(1, "Last file applied: " + GetProgramSetting(kProductName, kOptions,
+                                                                      "LastFileApplied", "None"));
+            SetPanelText(2, "Roamwise " + ProgramVersionText() + "b");
+            SetPanelText(2, "Debug Version");
+
+            step("Clear status variables...");
+            for (IBrowser* browser : {mobjConfig->GetIEConfig(), mobjConfig->GetNNConfig(),
+                                      mobjConfig->GetOperaConfig()})
+                if (browser) browser->ResetFlags();
+            mblnLoading = false;
+            mblnChanged = false;
+            WriteLog("frmMain - InitializeForm - Done.", kLogDebug);
+        },
+        [&] { ShowMessage(Err::Description(), MB_OK | MB_ICONEXCLAMATION, "Error"); });
+}
+
 void frmMain::ProcessCommandLineSwitches(const std::vector<std::string>& avarArgs) {
-    Procedure proc("frmMain", "ProcessCommandLineSwitches");
+    Procedure proc(kObject, "ProcessCommandLineSwitches");
     proc.Run([&] {
-        if (!GetSwitch("hidden", avarArgs).empty()) mblnExitAfterSwitches = true;
+        bool handled = false;
+        std::string value;
+        // Looks a switch up; a switch that is there counts as handled.
+        auto found = [&](const char* name, bool counts = true) {
+            const std::string entry = GetSwitch(name, avarArgs);
+            if (entry.empty()) return false;
+            value = SwitchValue(entry, name);
+            if (counts) handled = true;
+            return !mblnUnloaded;  // an applied profile may have ended the program
+        };
+        INetConfig* net = mobjConfig ? mobjConfig->GetNetConfig() : nullptr;
+
+        if (found("hidden")) mblnExitAfterSwitches = true;
+        if (found("about")) {
+            mblnExitAfterSwitches = true;
+            DisplayAboutDialog();
+        }
+        if (found("help")) {
+            mblnExitAfterSwitches = true;
+            ShowHelpContents();
+        }
+        if (found("load")) OpenConfigurationFile(Trim(value));
+        if (found("uid") && net) net->SetNTDomainUserName(value);
+        if (found("pwd") && net) net->SetNTDomainPassword(value);
+        if (found("save")) SaveConfigurationFile(value);
+        if (found("export")) proc.Log("export: the settings report is not part of this version");
+        if (found("apply")) ApplyConfiguration();
+        const bool pending = RestartPending();
+        if (found("print")) proc.Log("print: the settings report is not part of this version");
+        const bool force = found("force", false);
+        const bool restart = pending || force;
+        if (found("prompt") && restart) ShowRestartDialog(mhWnd);
+        if (found("manual") && restart) ExecuteRestartOption(kRestartNone);
+        if (found("reboot") && restart) ExecuteRestartOption(kRestartReboot);
+        if (found("shutdown") && restart) ExecuteRestartOption(kRestartPowerOff);
+        if (found("suspend") && restart) ExecuteRestartOption(kRestartSuspend);
+
+        // A profile opened from the desktop shell: its path is the only argument.
+        if (!handled && !avarArgs.empty()) {
+            const std::string& first = avarArgs.front();
+            if (first.size() >= 4 && ToLower(first.substr(first.size() - 4)) == ".rwz")
+                OpenConfigurationFile(first);
+        }
     });
+}
+
+void frmMain::DisplayAboutDialog() {
+    Procedure proc(kObject, "DisplayAboutDialog");
+    proc.Run([&] {
+        auto about = [](HWND dialog, UINT message, WPARAM wParam, LPARAM) -> INT_PTR {
+            if (message == WM_INITDIALOG) {
+                SetDlgItemTextA(dialog, IDC_ABOUT_VERSION,
+                                ("Version " + ProgramVersionText()).c_str());
+                return TRUE;
+            }
+            if (message == WM_COMMAND && (LOWORD(wParam) == IDOK || LOWORD(wParam) == IDCANCEL)) {
+                EndDialog(dialog, LOWORD(wParam));
+                return TRUE;
+            }
+            return FALSE;
+        };
+        DialogBoxParamA(mhInstance, "ABOUTBOX", mhWnd, about, 0);
+    });
+}
+
+void frmMain::ShowHelpContents() {
+    Procedure proc(kObject, "ShowHelpContents");
+    proc.Run([&] { WinHelpA(mhWnd, HelpFilePath().c_str(), HELP_FINDER, 0); });
 }
 
 void frmMain::Unload() {
     mblnUnloaded = true;
-    DestroyWindow(mhWnd);
-    mhWnd = nullptr;
+    mobjPages = {};
+    if (mhWnd) {
+        HWND window = mhWnd;
+        mhWnd = nullptr;
+        SetWindowLongPtrA(window, DWLP_USER, 0);
+        DestroyWindow(window);
+    }
+    // The window procedure is detached, so the message loop is told directly.
+    PostQuitMessage(0);
+}
+
+void frmMain::SetCaption(const std::string& astrCaption) {
+    if (mhWnd) SetWindowTextA(mhWnd, astrCaption.c_str());
+}
+
+void frmMain::SetPanelText(int aintPanel, const std::string& astrText) {
+    mstrPanelText[aintPanel - 1] = astrText;
+    if (mhStatusBar && PanelVisible(aintPanel))
+        SendMessageA(mhStatusBar, SB_SETTEXTA, aintPanel - 1,
+                     reinterpret_cast<LPARAM>(astrText.c_str()));
+}
+
+void frmMain::SetPanelVisible(int aintPanel, bool ablnVisible) {
+    mblnPanelVisible[aintPanel - 1] = ablnVisible;
+    Layout();
+}
+
+void frmMain::UpdateRestartIndicator() {
+    INetConfig* net = mobjConfig ? mobjConfig->GetNetConfig() : nullptr;
+    if (net && net->ResetRequired()) {
+        SetPanelText(4, "Restart Required");
+        SetPanelVisible(4, true);
+    }
+}
+
+void frmMain::PageEdited() {
+    if (!mblnLoading) SetChanged(true);
+    UpdateRestartIndicator();
+}
+
+void frmMain::SetChanged(bool ablnChanged) {
+    mblnChanged = ablnChanged;
+    // Saving and applying need a profile file or a change to it.
+    const bool enable = mblnChanged || mblnFileLoaded;
+    HMENU file = GetSubMenu(GetMenu(mhWnd), 0);
+    EnableMenuItem(file, IDM_FILE_SAVE, MF_BYCOMMAND | (enable ? MF_ENABLED : MF_GRAYED));
+    EnableMenuItem(file, IDM_FILE_APPLY, MF_BYCOMMAND | (enable ? MF_ENABLED : MF_GRAYED));
+    SendMessageA(mhToolbar, TB_ENABLEBUTTON, IDM_FILE_SAVE, MAKELONG(enable, 0));
+}
+
+void frmMain::SelectPage(int aintPage) {
+    SendMessageA(mhTabs, TCM_SETCURSEL, aintPage, 0);
+    for (int i = 0; i < kPageCount; ++i)
+        if (mobjPages[i]) ShowWindow(mobjPages[i]->Handle(), i == aintPage ? SW_SHOW : SW_HIDE);
+}
+
+void frmMain::SelectFirstEnabledPage() {
+    for (int i = 0; i < kPageCount; ++i) {
+        if (mblnInstalled[i]) return SelectPage(i);
+    }
+    SelectPage(0);
+}
+
+void frmMain::RefillPages(bool ablnAssign) {
+    for (int i = 0; i < kPageCount; ++i)
+        if (mblnInstalled[i]) mobjPages[i]->Refill(*mobjConfig, ablnAssign);
+}
+
+void frmMain::ToggleArea(int aintPage) {
+    if (!mobjConfig || !mblnInstalled[aintPage]) return;
+    const bool on = SendMessageA(mhToolbar, TB_ISBUTTONCHECKED, kAreaCommands[aintPage], 0) != 0;
+    switch (aintPage) {
+        case kPageGeneral:
+            mobjConfig->SetApplyGeneral(on);
+            break;
+        case kPageIE:
+            mobjConfig->SetApplyIE(on);
+            break;
+        case kPageNetscape:
+            mobjConfig->SetApplyNN(on);
+            break;
+        case kPageOpera:
+            mobjConfig->SetApplyOpera(on);
+            break;
+    }
+    UpdateAreaButtons();
+    SetChanged(true);
+}
+
+void frmMain::UpdateAreaButtons() {
+    if (!mobjConfig) return;
+    const bool apply[kPageCount] = {mobjConfig->ApplyGeneral(), mobjConfig->ApplyIE(),
+                                    mobjConfig->ApplyNN(), mobjConfig->ApplyOpera()};
+    for (int i = 0; i < kPageCount; ++i) {
+        const bool on = mblnInstalled[i] && apply[i];
+        SendMessageA(mhToolbar, TB_ENABLEBUTTON, kAreaCommands[i], MAKELONG(mblnInstalled[i], 0));
+        SendMessageA(mhToolbar, TB_CHECKBUTTON, kAreaCommands[i], MAKELONG(on, 0));
+        mobjPages[i]->SetAvailable(on);
+    }
 }
 
 }  // namespace rwz

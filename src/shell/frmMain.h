@@ -1,18 +1,29 @@
 // The main window: the program's start-up object. Its load handler runs the
-// whole start-up, executes the command line and either ends the program
-// without ever showing the window or shows it and waits for the user.
+// whole start-up and executes the command line; the program then either ends
+// without ever showing the window or shows it and waits for the user. The
+// window owns the one profile object and edits it through the tab pages.
 #pragma once
 
 #include <windows.h>
 
+#include <array>
+#include <memory>
 #include <string>
 #include <vector>
 
+#include "platform/Win32Handles.h"
+#include "profile/IAddIn.h"
+#include "shell/clsMRUList.h"
+#include "shell/clsTabPage.h"
+
 namespace rwz {
 
-class frmMain {
-public:
+class clsRwzConfig;
+
+class frmMain : public ITabHost {
+  public:
     explicit frmMain(HINSTANCE instance);
+    ~frmMain() override;
     frmMain(const frmMain&) = delete;
     frmMain& operator=(const frmMain&) = delete;
 
@@ -20,22 +31,91 @@ public:
     // shows the window and runs the message loop. Returns the exit code.
     int Run(int showCommand);
 
-private:
-    static LRESULT CALLBACK WindowProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
-    LRESULT HandleMessage(UINT message, WPARAM wParam, LPARAM lParam);
+    void PageEdited() override;
 
+  private:
+    // The four pages, in tab order.
+    enum Page { kPageGeneral, kPageIE, kPageNetscape, kPageOpera, kPageCount };
+    // Status bar panels, numbered from 1 as users see them.
+    static constexpr int kPanelCount = 4;
+
+    static INT_PTR CALLBACK DialogProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
+    INT_PTR HandleMessage(UINT message, WPARAM wParam, LPARAM lParam);
+    void OnCommand(int aintId);
+
+    // Start-up (frmMain.cpp).
     bool CreateMainWindow();
+    void CreateBars();
+    void CreatePages();
     void Form_Load();
+    void OnFirstActivation();
+    void InitializeForm();
     void ProcessCommandLineSwitches(const std::vector<std::string>& avarArgs);
-    // Ends the program: the window goes away without ever having been shown.
+    void DisplayAboutDialog();
+    void ShowHelpContents();
     void Unload();
+    void Layout();
+
+    // Window state.
+    void SetCaption(const std::string& astrCaption);
+    void SetPanelText(int aintPanel, const std::string& astrText);
+    void SetPanelVisible(int aintPanel, bool ablnVisible);
+    bool PanelVisible(int aintPanel) const { return mblnPanelVisible[aintPanel - 1]; }
+    // The restart indicator: panel 4.
+    void UpdateRestartIndicator();
+    bool RestartPending() const { return PanelVisible(4); }
+    void SetChanged(bool ablnChanged);
+    void SelectPage(int aintPage);
+    void SelectFirstEnabledPage();
+    void RefillPages(bool ablnAssign);
+    void ToggleArea(int aintPage);
+    void UpdateAreaButtons();
+
+    // Commands (frmMainCommands.cpp).
+    void OpenFile();
+    void OpenConfigurationFile(const std::string& astrPath);
+    void OpenMRUFile(int aintIndex);
+    void SaveFile();
+    void SaveFileAs();
+    void SaveConfigurationFile(const std::string& astrPath);
+    void ApplyCurrentConfiguration();
+    // True when an add-in needs a restart.
+    bool ApplyConfiguration();
+    void RestartDecision(bool ablnAddInRestart);
+    void InitializeMenu();
+    // False when the user chose to keep the window open.
+    bool Form_QueryUnload();
+    void ExitApplication();
+    std::string ProfileFolder() const;
 
     HINSTANCE mhInstance;
     HWND mhWnd = nullptr;
+    HWND mhToolbar = nullptr;
+    HWND mhStatusBar = nullptr;
+    HWND mhTabs = nullptr;
+    HACCEL mhAccelerators = nullptr;
+    std::array<std::unique_ptr<clsTabPage>, kPageCount> mobjPages;
+    // A page whose back end is absent (browser not installed) cannot be selected.
+    std::array<bool, kPageCount> mblnInstalled{};
+    int mintMRUItems = 0;  // recent-file items (and their separator) in the File menu
+    KernelHandle mhCopyMutex;
+    std::array<bool, kPanelCount> mblnPanelVisible{{true, true, true, true}};
+    std::array<std::string, kPanelCount> mstrPanelText;
+
     std::string mstrOS;
     bool mblnActivated = false;
+    bool mblnAnotherCopy = false;
+    bool mblnAutoReset = false;
+    bool mblnShowNICWarning = false;
     bool mblnExitAfterSwitches = false;
+    bool mblnLoading = false;
+    bool mblnChanged = false;
+    bool mblnFileLoaded = false;
+    bool mblnAutoReboot = false;
     bool mblnUnloaded = false;
+    clsMRUList mobjMRU;
+    std::unique_ptr<clsRwzConfig> mobjConfig;
+    AddInCollection mcolAddIns;
 };
 
 }  // namespace rwz

@@ -1,0 +1,63 @@
+// A page of the main window's tab control: a child dialog made from its own
+// resource template. The main window fills it from the profile and hears of
+// every edit the user makes on it.
+#pragma once
+
+#include <windows.h>
+
+#include <string>
+
+#include "shell/FieldBindings.h"
+
+namespace rwz {
+
+class clsRwzConfig;
+
+// What a page needs of the main window.
+class ITabHost {
+  public:
+    virtual ~ITabHost() = default;
+    // The user edited a field of a page (not called while a page is refilled).
+    virtual void PageEdited() = 0;
+};
+
+class clsTabPage {
+  public:
+    clsTabPage(const char* aszTemplate, std::string astrCaption);
+    virtual ~clsTabPage();
+    clsTabPage(const clsTabPage&) = delete;
+    clsTabPage& operator=(const clsTabPage&) = delete;
+
+    // Creates the page as a hidden child of `parent`.
+    bool Create(HINSTANCE instance, HWND parent, ITabHost& host);
+    HWND Handle() const { return mhWnd; }
+    const std::string& Caption() const { return mstrCaption; }
+
+    // Shows the profile's settings. With `ablnAssign` (a profile was opened) a
+    // field whose shown value changes assigns its property.
+    virtual void Refill(clsRwzConfig& aobjConfig, bool ablnAssign);
+
+    // Whether the page's area can be edited at all (its back end exists).
+    bool Available() const { return mblnAvailable; }
+    void SetAvailable(bool ablnAvailable);
+
+  protected:
+    // Called once the dialog exists: bind the fields, fill fixed lists.
+    virtual void OnCreate() {}
+    // A control notification that no binding took.
+    virtual void OnCommand(WPARAM wParam, LPARAM lParam) {}
+
+    ITabHost& Host() { return *mpHost; }
+    FieldBindings mBindings;
+    HWND mhWnd = nullptr;
+
+  private:
+    static INT_PTR CALLBACK DialogProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
+
+    const char* mszTemplate;
+    std::string mstrCaption;
+    ITabHost* mpHost = nullptr;
+    bool mblnAvailable = true;
+};
+
+}  // namespace rwz
