@@ -1,0 +1,53 @@
+#!/usr/bin/env bash
+# Builds both trees (installing what is missing), then runs every test under
+# Wine: the test programs of tests/ (each in a fresh prefix cloned from one base
+# prefix), the end-to-end runs of Rwz.exe (each case in its own prefix) and the
+# import-table check of the 32-bit Rwz.exe. Exits non-zero on any failure.
+# Environment: RWZ_BUILD_ROOT (default: build/), RWZ_TEST_TIMEOUT (seconds per
+# test program, default 900), extra arguments are passed to ctest (e.g. -R e2e).
+set -uo pipefail
+here=$(cd "$(dirname "$0")/.." && pwd)
+cd "$here"
+build_root=${RWZ_BUILD_ROOT:-$here/build}
+export RWZ_BUILD_ROOT=$build_root
+tree=$build_root/win64
+export RWZ_BASE_PREFIX=${RWZ_BASE_PREFIX:-$tree/wine/base}
+
+if ! "$here/scripts/build.sh" </dev/null; then
+    echo "test: the build failed"
+    echo "0 passed, 1 failed"
+    exit 1
+fi
+
+# Left over from an interrupted run: prefixes whose servers may still run.
+clones=$(dirname "$RWZ_BASE_PREFIX")/clones
+if [ -d "$clones" ]; then
+    for prefix in "$clones"/prefix.*; do
+        [ -d "$prefix" ] && WINEPREFIX=$prefix wineserver -k >/dev/null 2>&1 </dev/null
+    done
+    rm -rf "$clones"
+fi
+
+"$here/tests/bench/make-base-prefix.sh" "$RWZ_BASE_PREFIX" </dev/null || {
+    echo "test: could not make the base Wine prefix"
+    echo "0 passed, 1 failed"
+    exit 1
+}
+
+log=$(mktemp)
+trap 'rm -f "$log"' EXIT
+ctest --test-dir "$tree" -j2 --output-on-failure --timeout "${RWZ_TEST_TIMEOUT:-900}" "$@" \
+    </dev/null 2>&1 | tee "$log"
+ctest_status=${PIPESTATUS[0]}
+
+# ctest's own lines: "  1/9 Test  #3: platform .........   Passed    4.12 sec"
+passed=$(grep -cE '^ *[0-9]+/[0-9]+ Test +#[0-9]+: .* Passed' "$log")
+failed=$(grep -cE '^ *[0-9]+/[0-9]+ Test +#[0-9]+: .*(\*\*\*|Failed|Timeout|Not Run|Exception)' "$log")
+if [ "$ctest_status" -ne 0 ] && [ "$failed" -eq 0 ]; then
+    failed=1  # ctest failed before running a test (no tests, bad arguments)
+fi
+echo
+echo "ran: $(grep -oE 'Test +#[0-9]+: [^ ]+' "$log" | awk '{print $3}' | sort | tr '\n' ' ')"
+[ "$failed" -gt 0 ] && echo "failed: $(grep -E '^ *[0-9]+/[0-9]+ Test +#[0-9]+: .*(\*\*\*|Failed|Timeout|Not Run|Exception)' "$log" | grep -oE '#[0-9]+: [^ ]+' | awk '{print $2}' | tr '\n' ' ')"
+echo "$passed passed, $failed failed"
+[ "$failed" -eq 0 ] && [ "$ctest_status" -eq 0 ]

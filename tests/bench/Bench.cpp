@@ -1,0 +1,196 @@
+// Paths, files and processes inside the test prefix.
+#include "bench/Bench.h"
+
+#include <stdexcept>
+
+namespace bench {
+
+namespace {
+
+std::string EnvironmentPath(const char* name) {
+    char buffer[32768];
+    DWORD length = GetEnvironmentVariableA(name, buffer, sizeof buffer);
+    if (length == 0 || length >= sizeof buffer)
+        throw std::runtime_error(std::string(name) +
+                                 " is not set: run the test through tests/bench/run-tests.sh");
+    return WindowsPath(std::string(buffer, length));
+}
+
+std::string Win32Message(DWORD error) {
+    char* text = nullptr;
+    FormatMessageA(
+        FORMAT_MESSAGE_ALLOCATE_BUFFER | FORMAT_MESSAGE_FROM_SYSTEM | FORMAT_MESSAGE_IGNORE_INSERTS,
+        nullptr, error, 0, reinterpret_cast<LPSTR>(&text), 0, nullptr);
+    std::string message = text ? text : "";
+    if (text) LocalFree(text);
+    while (!message.empty() && (message.back() == '\n' || message.back() == '\r'))
+        message.pop_back();
+    return "error " + std::to_string(error) + (message.empty() ? "" : " (" + message + ")");
+}
+
+std::string ParentOf(const std::string& path) {
+    size_t slash = path.find_last_of('\\');
+    return slash == std::string::npos ? "" : path.substr(0, slash);
+}
+
+}  // namespace
+
+std::string WindowsPath(const std::string& unixPath) {
+    if (unixPath.empty() || unixPath[0] != '/') return unixPath;  // already a Windows path
+    std::string path = "Z:" + unixPath;
+    for (char& c : path)
+        if (c == '/') c = '\\';
+    while (path.size() > 3 && path.back() == '\\') path.pop_back();
+    return path;
+}
+
+std::string SourceDir() {
+    return EnvironmentPath("RWZ_SOURCE_DIR");
+}
+std::string BuildDir() {
+    return EnvironmentPath("RWZ_BUILD_DIR");
+}
+std::string InstallDir() {
+    return "C:\\Program Files\\Roamwise";
+}
+std::string InstalledRwz() {
+    return InstallDir() + "\\Rwz.exe";
+}
+std::string DebugLogPath() {
+    return InstallDir() + "\\DEBUG.LOG";
+}
+
+bool FileExists(const std::string& path) {
+    DWORD attributes = GetFileAttributesA(path.c_str());
+    return attributes != INVALID_FILE_ATTRIBUTES && !(attributes & FILE_ATTRIBUTE_DIRECTORY);
+}
+
+bool ReadFile(const std::string& path, std::string& contents) {
+    contents.clear();
+    HANDLE file = CreateFileA(path.c_str(), GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_WRITE,
+                              nullptr, OPEN_EXISTING, 0, nullptr);
+    if (file == INVALID_HANDLE_VALUE) return false;
+    char buffer[65536];
+    DWORD got = 0;
+    bool ok = true;
+    while ((ok = ::ReadFile(file, buffer, sizeof buffer, &got, nullptr)) && got > 0)
+        contents.append(buffer, got);
+    CloseHandle(file);
+    return ok;
+}
+
+std::string ReadFileText(const std::string& path) {
+    std::string contents;
+    ReadFile(path, contents);
+    return contents;
+}
+
+void MakeFolders(const std::string& path) {
+    if (path.empty() || GetFileAttributesA(path.c_str()) != INVALID_FILE_ATTRIBUTES) return;
+    MakeFolders(ParentOf(path));
+    if (!CreateDirectoryA(path.c_str(), nullptr) && GetLastError() != ERROR_ALREADY_EXISTS)
+        throw std::runtime_error("cannot create folder " + path + ": " +
+                                 Win32Message(GetLastError()));
+}
+
+void WriteFile(const std::string& path, const std::string& contents) {
+    MakeFolders(ParentOf(path));
+    DeleteFileA(path.c_str());  // never write through a link shared with the base prefix
+    HANDLE file = CreateFileA(path.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS,
+                              FILE_ATTRIBUTE_NORMAL, nullptr);
+    if (file == INVALID_HANDLE_VALUE)
+        throw std::runtime_error("cannot write " + path + ": " + Win32Message(GetLastError()));
+    DWORD written = 0;
+    BOOL ok =
+        ::WriteFile(file, contents.data(), static_cast<DWORD>(contents.size()), &written, nullptr);
+    CloseHandle(file);
+    if (!ok || written != contents.size())
+        throw std::runtime_error("cannot write " + path + ": " + Win32Message(GetLastError()));
+}
+
+void CopyFileReplacing(const std::string& from, const std::string& to) {
+    MakeFolders(ParentOf(to));
+    SetFileAttributesA(to.c_str(), FILE_ATTRIBUTE_NORMAL);
+    DeleteFileA(to.c_str());
+    if (!CopyFileA(from.c_str(), to.c_str(), FALSE))
+        throw std::runtime_error("cannot copy " + from + " to " + to + ": " +
+                                 Win32Message(GetLastError()));
+}
+
+void CopyTree(const std::string& from, const std::string& to) {
+    MakeFolders(to);
+    WIN32_FIND_DATAA found;
+    HANDLE search = FindFirstFileA((from + "\\*").c_str(), &found);
+    if (search == INVALID_HANDLE_VALUE) return;
+    do {
+        std::string name = found.cFileName;
+        if (name == "." || name == "..") continue;
+        if (found.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY)
+            CopyTree(from + "\\" + name, to + "\\" + name);
+        else
+            CopyFileReplacing(from + "\\" + name, to + "\\" + name);
+    } while (FindNextFileA(search, &found));
+    FindClose(search);
+}
+
+DWORD RunAndWait(const std::string& commandLine, DWORD timeoutMs) {
+    STARTUPINFOA startup = {};
+    startup.cb = sizeof startup;
+    PROCESS_INFORMATION process = {};
+    std::vector<char> line(commandLine.begin(), commandLine.end());
+    line.push_back('\0');
+    if (!CreateProcessA(nullptr, line.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr,
+                        &startup, &process))
+        throw std::runtime_error("cannot start " + commandLine + ": " +
+                                 Win32Message(GetLastError()));
+    CloseHandle(process.hThread);
+    DWORD waited = WaitForSingleObject(process.hProcess, timeoutMs);
+    DWORD exitCode = 1;
+    if (waited != WAIT_OBJECT_0) {
+        TerminateProcess(process.hProcess, 1);
+        WaitForSingleObject(process.hProcess, 5000);
+        CloseHandle(process.hProcess);
+        throw std::runtime_error("did not end within " + std::to_string(timeoutMs) +
+                                 " ms: " + commandLine);
+    }
+    GetExitCodeProcess(process.hProcess, &exitCode);
+    CloseHandle(process.hProcess);
+    return exitCode;
+}
+
+std::vector<std::string> SplitLines(const std::string& text) {
+    std::vector<std::string> lines;
+    size_t start = 0;
+    while (start < text.size()) {
+        size_t end = text.find('\n', start);
+        if (end == std::string::npos) end = text.size();
+        std::string line = text.substr(start, end - start);
+        if (!line.empty() && line.back() == '\r') line.pop_back();
+        lines.push_back(line);
+        start = end + 1;
+    }
+    return lines;
+}
+
+bool ReadRegistryString(HKEY root, const std::string& key, const std::string& value,
+                        std::string& data) {
+    data.clear();
+    HKEY opened = nullptr;
+    if (RegOpenKeyExA(root, key.c_str(), 0, KEY_QUERY_VALUE, &opened) != ERROR_SUCCESS)
+        return false;
+    DWORD type = 0;
+    DWORD size = 0;
+    bool ok =
+        RegQueryValueExA(opened, value.c_str(), nullptr, &type, nullptr, &size) == ERROR_SUCCESS &&
+        (type == REG_SZ || type == REG_EXPAND_SZ);
+    if (ok) {
+        std::vector<char> buffer(size + 1, '\0');
+        ok = RegQueryValueExA(opened, value.c_str(), nullptr, nullptr,
+                              reinterpret_cast<BYTE*>(buffer.data()), &size) == ERROR_SUCCESS;
+        if (ok) data = buffer.data();
+    }
+    RegCloseKey(opened);
+    return ok;
+}
+
+}  // namespace bench

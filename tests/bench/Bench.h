@@ -1,0 +1,180 @@
+// The end-to-end test bench, Windows side: simulated machines and runs of
+// Rwz.exe with a dialog watcher beside it. Every end-to-end case runs in a
+// fresh Wine prefix of its own (tests/bench/run-tests.sh), so a case may load
+// a machine and change the registry and the files freely.
+//
+//   TEST(Startup, HiddenLeavesLog) {
+//       bench::Machine machine("xp-laptop");
+//       bench::RunResult run = bench::RunRwz("/hidden");
+//       EXPECT_EQ(0u, run.exitCode);
+//       EXPECT_FALSE(run.ShowedWindow()) << run.Describe();
+//       EXPECT_NE(std::string::npos, run.log.find(" OS:\tXP\r\n"));
+//   }
+//
+// Dialogs are answered in the order scripted:
+//   bench::RunRwz("/load C:\\x.rwz", {bench::Answer("&Yes").Title("Roamwise")});
+// A dialog that was not scripted, or a scripted one that never appeared, fails
+// the test (RunOptions::strictDialogs); the run itself never hangs.
+#pragma once
+
+#include <windows.h>
+
+#include <ostream>
+#include <string>
+#include <utility>
+#include <vector>
+
+namespace bench {
+
+// --- Paths and files -------------------------------------------------------
+
+// "/work/main/x" -> "Z:\work\main\x" (Wine maps the Unix root to Z:).
+std::string WindowsPath(const std::string& unixPath);
+// The source tree and the 64-bit build tree, as Windows paths; from the
+// environment variables RWZ_SOURCE_DIR and RWZ_BUILD_DIR that run-tests.sh
+// passes. Throw when they are not set.
+std::string SourceDir();
+std::string BuildDir();
+// Where the bench installs Rwz.exe in the prefix, and so where DEBUG.LOG is.
+std::string InstallDir();    // C:\Program Files\Roamwise
+std::string InstalledRwz();  // ...\Rwz.exe
+std::string DebugLogPath();  // ...\DEBUG.LOG
+
+bool FileExists(const std::string& path);
+// The whole file; false when it cannot be read.
+bool ReadFile(const std::string& path, std::string& contents);
+// The whole file, "" when it cannot be read.
+std::string ReadFileText(const std::string& path);
+// Creates or replaces the file (creating its folder); throws on failure.
+void WriteFile(const std::string& path, const std::string& contents);
+// Creates a folder and its parents.
+void MakeFolders(const std::string& path);
+// Copies a file, replacing the target. The prefix's files are hard links
+// shared with the base prefix, so the target is deleted first, never
+// overwritten in place.
+void CopyFileReplacing(const std::string& from, const std::string& to);
+// Copies a folder's contents onto another folder, recursively.
+void CopyTree(const std::string& from, const std::string& to);
+
+// Runs a command line and waits; returns its exit code. Throws when it cannot
+// be started or does not end within the time limit (it is then killed).
+DWORD RunAndWait(const std::string& commandLine, DWORD timeoutMs = 30000);
+
+// Splits text into lines at CR LF or LF.
+std::vector<std::string> SplitLines(const std::string& text);
+
+// A string value (REG_SZ or REG_EXPAND_SZ, unexpanded) of the running prefix's
+// registry; `value` "" is the default value. False when key or value is missing.
+bool ReadRegistryString(HKEY root, const std::string& key, const std::string& value,
+                        std::string& data);
+
+// --- Simulated machines ----------------------------------------------------
+
+// A folder tests/machines/<name>/ turned into the machine of the running
+// prefix: `version` (the Windows version Wine emulates for Rwz.exe: win95,
+// win98, winme, nt40, win2k, winxp, win2003, or e.g. win10 for an unsupported
+// system), *.reg files imported with Wine's regedit, and an optional files/
+// folder copied onto C:\.
+class Machine {
+  public:
+    // Loads the machine into the running prefix; throws std::runtime_error on
+    // any failure. `name` is a folder name under tests/machines or a path.
+    explicit Machine(const std::string& name);
+
+    const std::string& Name() const { return mName; }
+    const std::string& Folder() const { return mFolder; }
+    const std::string& Version() const { return mVersion; }
+
+    // Imports one more .reg file (a Windows path) into the prefix.
+    static void ImportRegFile(const std::string& path);
+    // The emulated Windows version of Rwz.exe (HKCU\Software\Wine\AppDefaults).
+    static void SetRwzVersion(const std::string& version);
+    // The names of all folders under tests/machines.
+    static std::vector<std::string> All();
+
+  private:
+    std::string mName;
+    std::string mFolder;
+    std::string mVersion;
+};
+
+// --- Runs of Rwz.exe -------------------------------------------------------
+
+// How one expected dialog is answered: the button's text ("&Yes" or "Yes";
+// "&" and case are ignored) or "#" and its id ("#6"); optionally only a dialog
+// whose title contains `title`; optionally texts put into controls (edit
+// fields) by id before the button is pressed.
+struct Answer {
+    Answer(const char* buttonText) : button(buttonText) {}
+    Answer(std::string buttonText) : button(std::move(buttonText)) {}
+    Answer& Title(std::string part) {
+        title = std::move(part);
+        return *this;
+    }
+    Answer& Set(int controlId, std::string text) {
+        fields.emplace_back(controlId, std::move(text));
+        return *this;
+    }
+
+    std::string button;
+    std::string title;
+    std::vector<std::pair<int, std::string>> fields;
+};
+
+// One dialog box the watcher saw and answered.
+struct DialogRecord {
+    DWORD pid = 0;
+    std::string exe;  // image name of the process that showed it
+    std::string title;
+    std::string text;                                  // all static texts, joined by "\n"
+    std::vector<std::pair<int, std::string>> buttons;  // id, caption
+    int answerId = -1;
+    std::string answerText;
+    bool expected = false;  // answered by the script (else: by its default button)
+};
+
+// One visible top-level window (not a dialog) of another process.
+struct WindowRecord {
+    DWORD pid = 0;
+    std::string exe;
+    std::string windowClass;
+    std::string title;
+};
+
+struct RunOptions {
+    std::string args;            // the command-line text after the program path
+    std::vector<Answer> script;  // the expected dialogs, in order
+    DWORD timeoutMs = 30000;     // time limit of the run
+    std::string program;         // the exe to install as Rwz.exe; default: the built one
+    std::string workDir;         // default: the install folder
+    bool strictDialogs = true;   // unexpected or missing dialogs fail the test
+};
+
+struct RunResult {
+    DWORD pid = 0;
+    DWORD exitCode = 0;
+    bool timedOut = false;  // killed at the time limit (also fails the test)
+    std::vector<DialogRecord> dialogs;
+    std::vector<WindowRecord> windows;  // of every process but the watcher
+    size_t scriptLeft = 0;              // scripted answers no dialog used
+    std::string watcherEnd;             // "stopped", or "timeout"/"" when the watcher failed
+    bool logExists = false;
+    std::string log;  // DEBUG.LOG after the run
+
+    // Whether the program showed a visible top-level window other than a dialog.
+    bool ShowedWindow() const;
+    std::vector<DialogRecord> UnexpectedDialogs() const;
+    std::vector<std::string> LogLines() const { return SplitLines(log); }
+    // Everything above, for failure messages.
+    std::string Describe() const;
+};
+
+// Installs the program as C:\Program Files\Roamwise\Rwz.exe, starts the
+// dialog watcher, runs the program with the command line, waits for its end
+// (killing it at the time limit) and collects what happened.
+RunResult RunRwz(const RunOptions& options);
+RunResult RunRwz(const std::string& args, std::vector<Answer> script = {}, DWORD timeoutMs = 30000);
+
+std::ostream& operator<<(std::ostream& out, const DialogRecord& dialog);
+
+}  // namespace bench

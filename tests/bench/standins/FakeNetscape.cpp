@@ -1,0 +1,54 @@
+// A stand-in for Netscape Navigator on a simulated machine: what Roamwise sees
+// of the browser is its program file's version resource (the version check)
+// and a top-level window of class "MozillaWindowClass" (the running-browser
+// check), which ends the program when it is asked to close.
+//
+//   FakeNetscape479.exe [--title TEXT]
+#include <windows.h>
+
+#include <string>
+
+namespace {
+
+LRESULT CALLBACK WindowProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+    switch (message) {
+        case WM_CLOSE:
+            DestroyWindow(window);
+            return 0;
+        case WM_DESTROY:
+            PostQuitMessage(0);
+            return 0;
+    }
+    return DefWindowProcA(window, message, wParam, lParam);
+}
+
+}  // namespace
+
+int WINAPI WinMain(HINSTANCE instance, HINSTANCE, LPSTR commandLine, int show) {
+    std::string title = "Netscape";
+    const std::string arguments = commandLine ? commandLine : "";
+    const std::string titleSwitch = "--title ";
+    if (arguments.compare(0, titleSwitch.size(), titleSwitch) == 0)
+        title = arguments.substr(titleSwitch.size());
+
+    WNDCLASSA windowClass = {};
+    windowClass.lpfnWndProc = WindowProc;
+    windowClass.hInstance = instance;
+    windowClass.hCursor = LoadCursorA(nullptr, IDC_ARROW);
+    windowClass.hbrBackground = reinterpret_cast<HBRUSH>(COLOR_WINDOW + 1);
+    windowClass.lpszClassName = "MozillaWindowClass";
+    if (!RegisterClassA(&windowClass)) return 1;
+
+    HWND window = CreateWindowA("MozillaWindowClass", title.c_str(), WS_OVERLAPPEDWINDOW,
+                                CW_USEDEFAULT, CW_USEDEFAULT, 640, 480, nullptr, nullptr,
+                                instance, nullptr);
+    if (!window) return 2;
+    ShowWindow(window, show);
+
+    MSG message;
+    while (GetMessageA(&message, nullptr, 0, 0) > 0) {
+        TranslateMessage(&message);
+        DispatchMessageA(&message);
+    }
+    return 0;
+}

@@ -1,0 +1,48 @@
+// Netscape User Preferences
+// Netscape writes this file each time it exits; changes made while it runs are lost.
+
+user_pref("autoupdate.enabled", false);
+user_pref("browser.bookmark.file", "C:\\Program Files\\Netscape\\Users\\reception\\bookmark.htm");
+user_pref("browser.cache.directory", "C:\\Program Files\\Netscape\\Users\\reception\\cache");
+user_pref("browser.cache.disk_cache_size", 7680);
+user_pref("browser.download_directory", "C:\\My Documents");
+user_pref("browser.link_expiration", 14);
+user_pref("browser.startup.homepage", "http://intranet.harbourdental.example/");
+user_pref("browser.underline_anchors", true);
+user_pref("browser.window_rect", "0,0,800,572");
+user_pref("custtoolbar.Browser.Navigation_Toolbar.open", true);
+user_pref("custtoolbar.Browser.Personal_Toolbar.open", false);
+user_pref("custtoolbar.has_toolbar_folder", true);
+user_pref("custtoolbar.personal_toolbar_folder", "Personal Toolbar Folder");
+user_pref("editor.author", "Front Desk");
+user_pref("editor.last_background_image", "");
+user_pref("intl.accept_languages", "en");
+user_pref("intl.character_set", 2);
+user_pref("li.server.ldap.userbase", "");
+user_pref("mail.check_new_mail", true);
+user_pref("mail.check_time", 15);
+user_pref("mail.directory", "C:\\Program Files\\Netscape\\Users\\reception\\Mail");
+user_pref("mail.identity.organization", "Harbour Street Dental");
+user_pref("mail.identity.username", "Front Desk");
+user_pref("mail.identity.useremail", "desk@harbourdental.example");
+user_pref("mail.leave_on_server", true);
+user_pref("mail.pop_name", "reception");
+user_pref("mail.remember_password", false);
+user_pref("mail.server_type", 0);
+user_pref("mail.use_mapi_server", false);
+user_pref("mailnews.profile_age", 13);
+user_pref("network.cookie.cookieBehavior", 1);
+user_pref("network.cookie.warnAboutCookies", false);
+user_pref("network.hosts.pop_server", "mail.harbourdental.example");
+user_pref("network.hosts.smtp_server", "mail.harbourdental.example");
+user_pref("news.directory", "C:\\Program Files\\Netscape\\Users\\reception\\News");
+user_pref("news.server_change_xaction", 0);
+user_pref("print.print_bgcolor", false);
+user_pref("print.print_footerleft", "&PT");
+user_pref("security.email_as_ftp_password", false);
+user_pref("security.warn_submit_insecure", false);
+user_pref("taskbar.floating", false);
+user_pref("taskbar.horizontal", false);
+user_pref("taskbar.ontop", false);
+user_pref("taskbar.x", -1);
+user_pref("taskbar.y", 0);
