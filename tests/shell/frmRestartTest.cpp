@@ -1,0 +1,339 @@
+// The restart dialog: which code each option button stands for, what is stored
+// as the preference, what is carried out, and the real dialog driven from a
+// second thread (options, check box, buttons, captions from a language file).
+#include <windows.h>
+
+#include <atomic>
+#include <functional>
+#include <set>
+#include <string>
+#include <thread>
+#include <vector>
+
+#include <gtest/gtest.h>
+
+#include "localization/modLocalization.h"
+#include "platform/PowerControl.h"
+#include "platform/modUtilities.h"
+#include "profile/modRestart.h"
+#include "shell/frmRestart.h"
+#include "shell/frmRestartRes.h"
+
+namespace rwz {
+namespace {
+
+// Stands in for the machine going down: records each call.
+class RecordingPowerControl : public IPowerControl {
+  public:
+    BOOL EndSession(UINT flags) override {
+        calls.push_back("ExitWindowsEx " + std::to_string(flags));
+        return TRUE;
+    }
+    BOOL SetPowerState(BOOL suspend, BOOL force) override {
+        calls.push_back("SetSystemPowerState " + std::to_string(suspend) + " " +
+                        std::to_string(force));
+        return TRUE;
+    }
+    void EnableShutdownPrivilege() override { calls.push_back("privilege"); }
+    std::vector<std::string> calls;
+};
+
+std::string Text(HWND window) {
+    char text[512] = "";
+    GetWindowTextA(window, text, sizeof text);
+    return text;
+}
+
+// Acts on this process's dialogs from a second thread, one step per dialog in
+// the order they appear; a dialog beyond the script is cancelled and counted,
+// so that a test fails instead of hanging.
+class DialogScript {
+  public:
+    using Step = std::function<void(HWND)>;
+
+    explicit DialogScript(std::vector<Step> steps)
+        : mSteps(std::move(steps)), mThread([this] { Watch(); }) {}
+    ~DialogScript() {
+        mStop = true;
+        mThread.join();
+    }
+    // Steps that ran, and dialogs that came after the script was done.
+    int StepsRun() const { return mStepsRun; }
+    int Unexpected() const { return mUnexpected; }
+
+  private:
+    static BOOL CALLBACK Found(HWND window, LPARAM param) {
+        auto* self = reinterpret_cast<DialogScript*>(param);
+        DWORD process = 0;
+        GetWindowThreadProcessId(window, &process);
+        char className[16] = "";
+        GetClassNameA(window, className, sizeof className);
+        // Visible means initialised: dialogs are shown after WM_INITDIALOG.
+        if (process != GetCurrentProcessId() || std::string(className) != "#32770" ||
+            !IsWindowVisible(window) || !self->mSeen.insert(window).second)
+            return TRUE;
+        if (self->mStepsRun < static_cast<int>(self->mSteps.size())) {
+            self->mSteps[self->mStepsRun](window);
+            ++self->mStepsRun;
+        } else {
+            ++self->mUnexpected;
+            PostMessageA(window, WM_COMMAND, IDCANCEL, 0);
+        }
+        return TRUE;
+    }
+    void Watch() {
+        while (!mStop) {
+            EnumWindows(Found, reinterpret_cast<LPARAM>(this));
+            Sleep(20);
+        }
+    }
+
+    std::vector<Step> mSteps;
+    std::atomic<int> mStepsRun{0};
+    std::atomic<int> mUnexpected{0};
+    std::atomic<bool> mStop{false};
+    std::set<HWND> mSeen;
+    std::thread mThread;
+};
+
+// What the restart dialog showed when it opened.
+struct RestartView {
+    std::string title;
+    std::vector<std::string> captions;  // optOption(0..3), chkOption(0), frame, OK, Help, Cancel
+    int checkedOption = -1;
+    bool remember = false;
+};
+
+RestartView ReadRestartDialog(HWND dialog) {
+    RestartView view;
+    view.title = Text(dialog);
+    for (int i = 0; i < frmRestart::kOptionCount; ++i) {
+        HWND option = GetDlgItem(dialog, IDC_RESTART_OPTION0 + i);
+        view.captions.push_back(Text(option));
+        if (SendMessageA(option, BM_GETCHECK, 0, 0) == BST_CHECKED) view.checkedOption = i;
+    }
+    for (int id : {IDC_RESTART_CHECK0, IDC_RESTART_FRAME0, IDOK, IDC_RESTART_HELP, IDCANCEL})
+        view.captions.push_back(Text(GetDlgItem(dialog, id)));
+    view.remember =
+        SendMessageA(GetDlgItem(dialog, IDC_RESTART_CHECK0), BM_GETCHECK, 0, 0) == BST_CHECKED;
+    return view;
+}
+
+// Clicks a button as the user would. The button that closes the dialog is
+// posted: its handler may open a message box, which would block a sent click.
+void Click(HWND dialog, int id) {
+    SendMessageA(GetDlgItem(dialog, id), BM_CLICK, 0, 0);
+}
+void PostClick(HWND dialog, int id) {
+    PostMessageA(GetDlgItem(dialog, id), BM_CLICK, 0, 0);
+}
+
+// A message box: its text and whether it carries the information icon.
+struct Box {
+    std::string title;
+    std::string text;
+    bool information = false;
+};
+
+Box AnswerBox(HWND box) {
+    Box seen{Text(box), "", false};
+    char text[1024] = "";
+    GetDlgItemTextA(box, 0xFFFF, text, sizeof text);
+    seen.text = text;
+    const HICON information = LoadIconA(nullptr, IDI_INFORMATION);
+    for (int id : {0x14, 0x440}) {  // the icon's control id: Windows, Wine
+        HWND icon = GetDlgItem(box, id);
+        if (icon && reinterpret_cast<HICON>(SendMessageA(icon, STM_GETICON, 0, 0)) == information)
+            seen.information = true;
+    }
+    PostMessageA(box, WM_COMMAND, IDOK, 0);
+    return seen;
+}
+
+class RestartDialogTest : public ::testing::Test {
+  protected:
+    void SetUp() override {
+        mSavedPreference = GetRestartPreference();
+        SetPowerControl(&power);
+    }
+    void TearDown() override {
+        SetPowerControl(nullptr);
+        SetRestartPreference(mSavedPreference);
+        if (!mLanguageFile.empty()) {
+            DeleteFileA(mLanguageFile.c_str());
+            // The system keeps profiles it has read; make it forget this one.
+            WritePrivateProfileStringA(nullptr, nullptr, nullptr, mLanguageFile.c_str());
+            DeleteProgramSetting(kProductName, "UserInfo", "Language");
+        }
+        ResetLocalization();
+    }
+
+    // Writes a language file beside the program and chooses its language.
+    void UseLanguageFile(const std::string& content) {
+        mLanguageFile = LanguageFilePath("xx-RESTART");
+        HANDLE file = CreateFileA(mLanguageFile.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS,
+                                  FILE_ATTRIBUTE_NORMAL, nullptr);
+        ASSERT_NE(file, INVALID_HANDLE_VALUE);
+        DWORD written = 0;
+        WriteFile(file, content.data(), static_cast<DWORD>(content.size()), &written, nullptr);
+        CloseHandle(file);
+        SaveProgramSetting(kProductName, "UserInfo", "Language", "xx-RESTART");
+        ResetLocalization();
+    }
+
+    // Opens the dialog and lets `act` read and operate it; further dialogs
+    // (message boxes) are answered and recorded. Returns what Show returned.
+    INT_PTR RunDialog(const std::function<void(HWND)>& act, int expectedBoxes = 0) {
+        std::vector<DialogScript::Step> steps{[&](HWND dialog) {
+            view = ReadRestartDialog(dialog);
+            act(dialog);
+        }};
+        for (int i = 0; i < expectedBoxes; ++i)
+            steps.push_back([&](HWND box) { boxes.push_back(AnswerBox(box)); });
+        INT_PTR result;
+        {
+            DialogScript script(std::move(steps));
+            result = ShowRestartDialog(nullptr);
+            // The last step may still be returning from its click.
+            for (int i = 0; i < 100 && script.StepsRun() < 1 + expectedBoxes; ++i) Sleep(20);
+            EXPECT_EQ(1 + expectedBoxes, script.StepsRun());
+            EXPECT_EQ(0, script.Unexpected());
+        }
+        return result;
+    }
+
+    RecordingPowerControl power;
+    RestartView view;
+    std::vector<Box> boxes;
+
+  private:
+    std::string mSavedPreference;
+    std::string mLanguageFile;
+};
+
+TEST(RestartOptions, IndicesAndCodesAreCrossedForSuspendAndShutDown) {
+    const struct {
+        int index;
+        const char* code;
+    } table[] = {{0, "0"}, {1, "1"}, {2, "3"}, {3, "2"}};
+    for (const auto& row : table) {
+        EXPECT_EQ(row.code, RestartCodeOfOption(row.index)) << row.index;
+        EXPECT_EQ(row.index, RestartOptionOfCode(row.code)) << row.code;
+    }
+    // Log off has no button; neither has anything else.
+    for (const char* code : {"4", "", "5", " 1"}) EXPECT_EQ(-1, RestartOptionOfCode(code)) << code;
+    for (int index : {-1, 4}) EXPECT_EQ("", RestartCodeOfOption(index)) << index;
+}
+
+TEST_F(RestartDialogTest, TheTickedBoxStoresTheCodeOfTheSelectedOption) {
+    const char* const stored[] = {"0", "1", "3", "2"};
+    for (int index = 0; index < frmRestart::kOptionCount; ++index) {
+        SetRestartPreference("4");
+        frmRestart form;
+        form.SetSelectedOption(index);
+        form.SetOptions();
+        EXPECT_EQ("4", GetRestartPreference()) << "unticked, index " << index;
+        form.SetRememberChoice(true);
+        form.SetOptions();
+        EXPECT_EQ(stored[index], GetRestartPreference()) << "ticked, index " << index;
+    }
+    // A preference no button offers survives a ticked box with nothing selected.
+    SetRestartPreference("4");
+    frmRestart form;
+    form.LoadOptions();
+    EXPECT_EQ(-1, form.SelectedOption());
+    form.SetRememberChoice(true);
+    form.SetOptions();
+    EXPECT_EQ("4", GetRestartPreference());
+    EXPECT_TRUE(power.calls.empty());
+}
+
+TEST_F(RestartDialogTest, EachOptionCarriesOutItsActionThroughTheRealDialog) {
+    const struct {
+        int index;
+        std::vector<std::string> calls;
+        const char* stored;
+    } table[] = {
+        {1, {"privilege", "ExitWindowsEx 18"}, "1"},
+        {2, {"privilege", "SetSystemPowerState 1 0"}, "3"},
+        {3, {"privilege", "ExitWindowsEx 24"}, "2"},
+    };
+    for (const auto& row : table) {
+        SetRestartPreference("0");
+        power.calls.clear();
+        const INT_PTR result = RunDialog([&](HWND dialog) {
+            Click(dialog, IDC_RESTART_OPTION0 + row.index);
+            Click(dialog, IDC_RESTART_CHECK0);
+            PostClick(dialog, IDOK);
+        });
+        EXPECT_EQ(IDOK, result) << row.index;
+        EXPECT_EQ(row.calls, power.calls) << row.index;
+        EXPECT_EQ(row.stored, GetRestartPreference()) << row.index;
+    }
+}
+
+TEST_F(RestartDialogTest, FirstOptionAndOKShowsMessage31AndKeepsTheMachineRunning) {
+    SetRestartPreference("1");
+    const INT_PTR result = RunDialog(
+        [](HWND dialog) {
+            Click(dialog, IDC_RESTART_OPTION0);
+            Click(dialog, IDC_RESTART_CHECK0);
+            PostClick(dialog, IDOK);
+        },
+        1);
+    EXPECT_EQ(IDOK, result);
+    EXPECT_EQ(1, view.checkedOption) << "the dialog opened on the saved preference";
+    EXPECT_FALSE(view.remember);
+    ASSERT_EQ(1u, boxes.size());
+    EXPECT_EQ("Roamwise", boxes[0].title);
+    EXPECT_EQ("The network changes will take effect the next time you reboot.", boxes[0].text);
+    EXPECT_TRUE(boxes[0].information);
+    EXPECT_EQ(std::vector<std::string>{}, power.calls);
+    EXPECT_EQ("0", GetRestartPreference()) << "the ticked box still keeps the choice";
+}
+
+TEST_F(RestartDialogTest, PreferenceSelectsItsOptionAndCancelDoesNothing) {
+    // "2" powers off: the fourth button.
+    const struct {
+        const char* preference;
+        int checked;
+    } table[] = {{"2", 3}, {"3", 2}, {"0", 0}, {"4", -1}};
+    for (const auto& row : table) {
+        SetRestartPreference(row.preference);
+        const INT_PTR result = RunDialog([](HWND dialog) {
+            Click(dialog, IDC_RESTART_OPTION1);
+            Click(dialog, IDC_RESTART_CHECK0);
+            PostClick(dialog, IDCANCEL);
+        });
+        EXPECT_EQ(IDCANCEL, result);
+        EXPECT_EQ(row.checked, view.checkedOption) << row.preference;
+        EXPECT_EQ(row.preference, GetRestartPreference());
+    }
+    EXPECT_TRUE(power.calls.empty());
+}
+
+TEST_F(RestartDialogTest, CaptionsComeFromTheLanguageFilesRestartEntries) {
+    RunDialog([](HWND dialog) { PostClick(dialog, IDCANCEL); });
+    const RestartView builtIn = view;
+    ASSERT_EQ(9u, builtIn.captions.size());
+
+    UseLanguageFile(
+        "[WindowTitles]\r\nRestart=Neustart\r\nOther=Falsch\r\n"
+        "[Buttons]\r\nRestart:0=Jawohl\r\nRestart:1=Hilfe\r\nRestart:2=Abbrechen\r\n"
+        "[RadioButtons]\r\nRestart:0=Sp\xE4ter\r\nRestart:1=Jetzt neu starten\r\n"
+        "Restart:2=Ruhezustand\r\nRestart:3=\r\n"
+        "[Checkboxes]\r\nRestart:0=Merken\r\n"
+        "[Frames]\r\n0=Falsch\r\n");
+    RunDialog([](HWND dialog) { PostClick(dialog, IDCANCEL); });
+    EXPECT_EQ("Neustart", view.title);
+    const std::vector<std::string> expected = {
+        "Sp\xE4ter",   "Jetzt neu starten",
+        "Ruhezustand", builtIn.captions[3],  // an empty text keeps the built-in one
+        "Merken",      builtIn.captions[5],  // no "Restart:0" frame entry
+        "Jawohl",      builtIn.captions[7],  // the Help button is not localized
+        "Abbrechen"};
+    EXPECT_EQ(expected, view.captions);
+}
+
+}  // namespace
+}  // namespace rwz
