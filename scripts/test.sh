@@ -7,7 +7,7 @@
 # test program, default 900), extra arguments are passed to ctest (e.g. -R e2e).
 set -uo pipefail
 here=$(cd "$(dirname "$0")/.." && pwd)
-cd "$here"
+cd "$here" || exit 1
 build_root=${RWZ_BUILD_ROOT:-$here/build}
 export RWZ_BUILD_ROOT=$build_root
 tree=$build_root/win64

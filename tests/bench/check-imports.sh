@@ -10,8 +10,8 @@ set -uo pipefail
 exe=${1:?usage: check-imports.sh EXE [--list]}
 objdump=${OBJDUMP:-i686-w64-mingw32-objdump}
 
-allowed_dlls="kernel32.dll user32.dll gdi32.dll advapi32.dll comdlg32.dll comctl32.dll
-shell32.dll version.dll winspool.drv ws2_32.dll wsock32.dll msvcrt.dll"
+allowed_dlls=" kernel32.dll user32.dll gdi32.dll advapi32.dll comdlg32.dll comctl32.dll"
+allowed_dlls+=" shell32.dll version.dll winspool.drv ws2_32.dll wsock32.dll msvcrt.dll "
 
 # Functions that some supported system lacks, with the first systems that have them.
 missing_somewhere="
@@ -156,7 +156,7 @@ fi
 status=0
 dlls=$(echo "$imports" | cut -f1 | sort -u)
 for dll in $dlls; do
-    if ! [[ " $(echo $allowed_dlls) " == *" $dll "* ]]; then
+    if [[ $allowed_dlls != *" $dll "* ]]; then
         echo "check-imports: $exe imports $dll, which is not on the allowed list"
         status=1
     fi
@@ -171,6 +171,6 @@ while read -r name since; do
 done <<<"$missing_somewhere"
 
 count=$(echo "$imports" | awk -F'\t' '$2 != ""' | wc -l)
-echo "check-imports: $(basename "$exe"): $count functions from $(echo $dlls | tr ' ' ',')" \
+echo "check-imports: $(basename "$exe"): $count functions from $(echo "$dlls" | tr '\n' ',' | sed 's/,$//')" \
     "$([ $status = 0 ] && echo "- all present on Windows 95 and NT 4" || echo "- FAILED")"
 exit $status

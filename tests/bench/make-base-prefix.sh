@@ -53,10 +53,10 @@ find "$dir/drive_c/users" -type l | while read -r link; do
     mkdir -p "$link"
 done
 
-[ -f "$dir/system.reg" ] && [ -f "$dir/user.reg" ] || {
+if [ ! -f "$dir/system.reg" ] || [ ! -f "$dir/user.reg" ]; then
     echo "make-base-prefix: wineboot did not create a prefix in $dir" >&2
     exit 1
-}
+fi
 echo "$wine_version" >"$marker"
 ms=$((($(date +%s%N) - start) / 1000000))
 printf 'made the base Wine prefix %s in %d.%01d s\n' "$dir" $((ms / 1000)) $((ms % 1000 / 100))
