@@ -1,5 +1,7 @@
 #include "profile/BackEndFactory.h"
 
+#include "browsers/InternetExplorerLib.h"
+#include "browsers/OperaLib.h"
 #include "platform/modAPI.h"
 
 namespace rwz {
@@ -8,10 +10,12 @@ std::unique_ptr<INetConfig> CreateNetConfig(const std::string& astrOSTag) {
     return nullptr;
 }
 
-std::unique_ptr<IBrowser> CreateInternetExplorerConfig() { return nullptr; }
+std::unique_ptr<IBrowser> CreateInternetExplorerConfig() {
+    return std::make_unique<InternetExplorerLib>();
+}
 
 std::unique_ptr<IBrowser> CreateNavigatorConfig() { return nullptr; }
 
-std::unique_ptr<IBrowser> CreateOperaConfig() { return nullptr; }
+std::unique_ptr<IBrowser> CreateOperaConfig() { return std::make_unique<OperaLib>(); }
 
 }  // namespace rwz

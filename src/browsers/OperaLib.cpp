@@ -1,0 +1,231 @@
+#include "browsers/OperaLib.h"
+
+#include <windows.h>
+
+#include <optional>
+#include <utility>
+
+#include "browsers/modShellFolders.h"
+#include "platform/Procedure.h"
+#include "platform/RwzError.h"
+#include "platform/modAPI.h"
+#include "platform/modUtilities.h"
+#include "profile/modProfileIO.h"
+
+namespace rwz {
+
+namespace {
+
+constexpr const char* kTag = "clsOpera";
+
+struct UserAgent {
+    const char* Name;
+    const char* ID;
+    const char* Version;
+};
+
+// Opera 7 writes version code 0 with the MSIE identity, as it does for the
+// first version of every identity its menu offers.
+const UserAgent kUserAgents[] = {
+    {"Identify as Opera", "1", "1"},        {"Identify as Mozilla 5.0", "2", "0"},
+    {"Identify as Mozilla 4.78", "2", "1"}, {"Identify as Mozilla 3.0", "2", "2"},
+    {"Identify as MSIE 6.0", "3", "0"},
+};
+
+enum class IniEncoding {
+    Text,    // as it stands
+    Flag,    // "1"/"0"
+    Server,  // host ":" port
+    Code,    // a user agent code: written only when known
+};
+
+// "host:port" split at its first colon; no colon is a host alone.
+std::pair<std::string, std::string> SplitServer(const std::string& astrValue) {
+    const std::string::size_type colon = astrValue.find(':');
+    if (colon == std::string::npos) return {astrValue, std::string()};
+    return {astrValue.substr(0, colon), astrValue.substr(colon + 1)};
+}
+
+// As Opera writes a server: no colon without a port.
+std::string ComposeServer(const std::string& astrHost, const std::string& astrPort) {
+    return astrPort.empty() ? astrHost : astrHost + ":" + astrPort;
+}
+
+}  // namespace
+
+struct OperaLib::IniKey {
+    const char* Section;
+    const char* Key;
+    IniEncoding Encoding;
+    std::string clsBrowserBase::*Text;  // text, code, or a server's host
+    std::string clsBrowserBase::*Port;  // a server's port
+    bool clsBrowserBase::*Flag;
+    const char* Default;
+};
+
+const std::vector<OperaLib::IniKey>& OperaLib::IniKeys() {
+    using O = OperaLib;
+    constexpr auto T = IniEncoding::Text;
+    constexpr auto F = IniEncoding::Flag;
+    constexpr auto S = IniEncoding::Server;
+    constexpr auto C = IniEncoding::Code;
+    static const std::vector<IniKey> keys = {
+        {"User Prefs", "Home URL", T, &O::mstrDefaultHomePage, nullptr, nullptr, ""},
+        {"Proxy", "Automatic Proxy Configuration URL", T, &O::mstrAutoConfigURL, nullptr, nullptr,
+         ""},
+        {"Proxy", "Use Automatic Proxy Configuration", F, nullptr, nullptr,
+         &O::mblnUseAutoConfigURL, ""},
+        {"Proxy", "No Proxy Servers", T, &O::mstrProxyExceptions, nullptr, nullptr, ""},
+        {"Proxy", "No Proxy Servers Check", F, nullptr, nullptr, &O::mblnProxyExceptionsEnabled,
+         ""},
+        {"Proxy", "Use HTTP", F, nullptr, nullptr, &O::mblnHTTPProxyEnabled, ""},
+        {"Proxy", "Use HTTPS", F, nullptr, nullptr, &O::mblnSecureProxyEnabled, ""},
+        {"Proxy", "Use FTP", F, nullptr, nullptr, &O::mblnFTPProxyEnabled, ""},
+        {"Proxy", "Use GOPHER", F, nullptr, nullptr, &O::mblnGopherProxyEnabled, ""},
+        {"Proxy", "Use WAIS", F, nullptr, nullptr, &O::mblnWAISProxyEnabled, ""},
+        {"Proxy", "HTTP Server", S, &O::mstrHTTPAddress, &O::mstrHTTPPort, nullptr, ""},
+        {"Proxy", "HTTPS Server", S, &O::mstrSecureAddress, &O::mstrSecurePort, nullptr, ""},
+        {"Proxy", "FTP Server", S, &O::mstrFTPAddress, &O::mstrFTPPort, nullptr, ""},
+        {"Proxy", "Gopher Server", S, &O::mstrGopherAddress, &O::mstrGopherPort, nullptr, ""},
+        {"Proxy", "WAIS Server", S, &O::mstrWAISAddress, &O::mstrWAISPort, nullptr, ""},
+        // Opera identifies itself as MSIE unless told otherwise.
+        {"User Agent", "Spoof UserAgent ID", C, &O::mstrUserAgentID, nullptr, nullptr, "3"},
+        {"User Agent", "Spoof Version Code", C, &O::mstrUserAgentVersion, nullptr, nullptr, ""},
+    };
+    return keys;
+}
+
+OperaLib::OperaLib() : clsBrowserBase(BrowserSection::Opera, kTag) {
+    mstrSettingsFile = FindSettingsFile();
+    mstrVersionString = GetOperaVersion();
+    msngVersion = VersionNumber(mstrVersionString);
+    // Opera 7 was the first to keep its settings in this form.
+    mblnIsInstalled = msngVersion > 7.0f;
+    ResetFlags();
+}
+
+std::string OperaLib::FindSettingsFile() {
+    Procedure proc(kTag, "FindSettingsFile");
+    return proc.Run([&] {
+        const std::string appData = GetShellFolderPath(kShellFolderAppData);
+        if (!appData.empty()) {
+            const std::string file = appData + "\\Opera\\Opera7\\profile\\opera6.ini";
+            if (FileExists(file)) return file;
+        }
+        const std::string programs = GetShellFolderPath(kShellFolderProgramFiles);
+        if (programs.empty()) return std::string();
+        return programs + "\\Opera7\\profile\\opera6.ini";
+    });
+}
+
+std::vector<std::string> OperaLib::GetUserAgents() {
+    std::vector<std::string> names;
+    for (const UserAgent& agent : kUserAgents) names.emplace_back(agent.Name);
+    return names;
+}
+
+std::string OperaLib::UserAgentOf(const std::string& astrID, const std::string& astrVersion) {
+    if (astrID == "1") return kUserAgents[0].Name;
+    if (astrID == "3") return kUserAgents[4].Name;
+    if (astrID != "2") return std::string();
+    for (const UserAgent& agent : kUserAgents) {
+        if (astrID == agent.ID && astrVersion == agent.Version) return agent.Name;
+    }
+    return std::string();
+}
+
+void OperaLib::SetCurrentUserAgent(const std::string& astrValue) {
+    clsBrowserBase::SetCurrentUserAgent(astrValue);
+    // Choosing the identity the codes already give keeps them as Opera wrote them.
+    if (UserAgentOf(mstrUserAgentID, mstrUserAgentVersion) == astrValue) return;
+    for (const UserAgent& agent : kUserAgents) {
+        if (astrValue == agent.Name) {
+            mstrUserAgentID = agent.ID;
+            mstrUserAgentVersion = agent.Version;
+        }
+    }
+}
+
+void OperaLib::DeriveFromCodesAndSwitches() {
+    mblnProxyEnabled = mblnHTTPProxyEnabled || mblnFTPProxyEnabled || mblnSecureProxyEnabled ||
+                       mblnGopherProxyEnabled || mblnWAISProxyEnabled;
+    mstrCurrentUserAgent = UserAgentOf(mstrUserAgentID, mstrUserAgentVersion);
+}
+
+void OperaLib::LoadConfiguration() {
+    Procedure proc(kTag, "LoadConfiguration");
+    proc.Run([&] {
+        proc.Log(mstrSettingsFile);
+        if (mstrSettingsFile.empty() || !FileExists(mstrSettingsFile)) return;
+        for (const IniKey& key : IniKeys()) {
+            const std::string value =
+                StripNulls(ReadProfileString(mstrSettingsFile, key.Section, key.Key, key.Default));
+            if (value == kIgnoreValue) continue;
+            switch (key.Encoding) {
+                case IniEncoding::Text:
+                case IniEncoding::Code:
+                    this->*key.Text = value;
+                    break;
+                case IniEncoding::Flag:
+                    this->*key.Flag = ProfileFlag(value);
+                    break;
+                case IniEncoding::Server: {
+                    auto [host, port] = SplitServer(value);
+                    this->*key.Text = host;
+                    this->*key.Port = port;
+                    break;
+                }
+            }
+        }
+        DeriveFromCodesAndSwitches();
+    });
+}
+
+void OperaLib::ApplyConfiguration() {
+    Procedure proc(kTag, "ApplyConfiguration");
+    proc.Run([&] {
+        if (!IsModified()) return;
+        proc.Log(mstrSettingsFile);
+        // A settings file marked read-only is one its user wants kept as it is.
+        const DWORD attributes = GetFileAttributesA(mstrSettingsFile.c_str());
+        if (attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_READONLY)) {
+            RaiseRuntimeError(kErrPermissionDenied, kTag);
+        }
+        for (const IniKey& key : IniKeys()) {
+            const std::string live =
+                StripNulls(ReadProfileString(mstrSettingsFile, key.Section, key.Key, key.Default));
+            std::string text;
+            bool same = false;
+            switch (key.Encoding) {
+                case IniEncoding::Text:
+                    text = this->*key.Text;
+                    same = live == text;
+                    break;
+                case IniEncoding::Flag:
+                    text = ProfileFlagText(this->*key.Flag);
+                    same = ProfileFlag(live) == this->*key.Flag;
+                    break;
+                case IniEncoding::Server:
+                    text = ComposeServer(this->*key.Text, this->*key.Port);
+                    same = SplitServer(live) == std::make_pair(this->*key.Text, this->*key.Port);
+                    break;
+                case IniEncoding::Code:
+                    // A profile without the codes has nothing to say about them.
+                    text = this->*key.Text;
+                    same = text.empty() || live == text;
+                    break;
+            }
+            if (same) continue;
+            WriteProfileString(mstrSettingsFile, key.Section, key.Key, text);
+            proc.Log(std::string(key.Key) + " = " + text);
+        }
+        ResetFlags();
+    });
+}
+
+void OperaLib::LoadConfigurationFile(const std::string& astrFile) {
+    clsBrowserBase::LoadConfigurationFile(astrFile);
+    DeriveFromCodesAndSwitches();
+}
+
+}  // namespace rwz
