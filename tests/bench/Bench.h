@@ -102,8 +102,9 @@ class Machine {
 
 // How one expected dialog is answered: the button's text ("&Yes" or "Yes";
 // "&" and case are ignored) or "#" and its id ("#6"); optionally only a dialog
-// whose title contains `title`; optionally texts put into controls (edit
-// fields) by id before the button is pressed.
+// whose title contains `title`; optionally, before the button is pressed,
+// check boxes ticked or cleared and option buttons chosen (by a click), then
+// texts put into controls (edit fields), all by control id.
 struct Answer {
     Answer(const char* buttonText) : button(buttonText) {}
     Answer(std::string buttonText) : button(std::move(buttonText)) {}
@@ -115,10 +116,27 @@ struct Answer {
         fields.emplace_back(controlId, std::move(text));
         return *this;
     }
+    Answer& Check(int controlId) {
+        checks.emplace_back(controlId, true);
+        return *this;
+    }
+    Answer& Uncheck(int controlId) {
+        checks.emplace_back(controlId, false);
+        return *this;
+    }
 
     std::string button;
     std::string title;
     std::vector<std::pair<int, std::string>> fields;
+    std::vector<std::pair<int, bool>> checks;  // id, ticked
+};
+
+// A control of a dialog as it was shown, before the answer.
+struct DialogControl {
+    std::string kind;  // "button", "check", "radio" or "edit"
+    int id = 0;
+    bool checked = false;  // check boxes and option buttons
+    std::string text;      // caption, or an edit field's contents
 };
 
 // One dialog box the watcher saw and answered.
@@ -127,10 +145,14 @@ struct DialogRecord {
     std::string exe;  // image name of the process that showed it
     std::string title;
     std::string text;                                  // all static texts, joined by "\n"
-    std::vector<std::pair<int, std::string>> buttons;  // id, caption
+    std::vector<std::pair<int, std::string>> buttons;  // push buttons: id, caption
+    std::vector<DialogControl> controls;               // all of them, in tab order
     int answerId = -1;
     std::string answerText;
     bool expected = false;  // answered by the script (else: by its default button)
+
+    // The control with that id; nullptr when there is none.
+    const DialogControl* Control(int id) const;
 };
 
 // One visible top-level window (not a dialog) of another process.

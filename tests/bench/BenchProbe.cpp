@@ -4,8 +4,9 @@
 //   report=FILE             lines below go to FILE (appended)
 //   version                 writes "version PLATFORM MAJOR MINOR"
 //   box=FLAGS:TITLE:TEXT    MessageBoxA with those MB_ flags (decimal); writes "box RESULT"
-//   dialog=TITLE            a dialog with an edit field (id 100), OK and Cancel;
-//                           writes "dialog RESULT EDIT-TEXT"
+//   dialog=TITLE            a dialog with an edit field (id 100, "preset"), a check
+//                           box (102, ticked), option buttons (103 chosen, 104), OK
+//                           and Cancel; writes "dialog RESULT EDIT-TEXT CHECK OPTION"
 //   window=MS:TITLE         shows a top-level window for MS milliseconds
 //   sleep=MS                waits
 //   exit=CODE               ends with that exit code
@@ -71,17 +72,26 @@ void ShowWindowFor(DWORD milliseconds, const std::string& title) {
 }
 
 INT_PTR CALLBACK EditDialogProc(HWND dialog, UINT message, WPARAM wParam, LPARAM) {
+    if (message == WM_INITDIALOG) {
+        SetDlgItemTextA(dialog, 100, "preset");
+        CheckDlgButton(dialog, 102, BST_CHECKED);
+        CheckRadioButton(dialog, 103, 104, 103);
+        return TRUE;
+    }
     if (message == WM_COMMAND && (LOWORD(wParam) == IDOK || LOWORD(wParam) == IDCANCEL)) {
         char text[256] = "";
         GetDlgItemTextA(dialog, 100, text, sizeof text);
-        Report(std::string("dialog ") + std::to_string(LOWORD(wParam)) + " " + text);
+        Report(std::string("dialog ") + std::to_string(LOWORD(wParam)) + " " + text + " " +
+               (IsDlgButtonChecked(dialog, 102) == BST_CHECKED ? "checked" : "unchecked") + " " +
+               (IsDlgButtonChecked(dialog, 104) == BST_CHECKED ? "104" : "103"));
         EndDialog(dialog, LOWORD(wParam));
         return TRUE;
     }
-    return message == WM_INITDIALOG;
+    return FALSE;
 }
 
-// An in-memory dialog template: a prompt, an edit field, OK (default) and Cancel.
+// An in-memory dialog template: a prompt, an edit field, a check box, two
+// option buttons, OK (default) and Cancel.
 void ShowEditDialog(const std::string& title) {
     std::vector<WORD> t;
     auto add = [&t](WORD w) { t.push_back(w); };
@@ -115,11 +125,11 @@ void ShowEditDialog(const std::string& title) {
     add(HIWORD(style));
     add(0);
     add(0);
-    add(4);  // items
+    add(7);  // items
     add(0);
     add(0);
     add(200);
-    add(80);
+    add(110);
     add(0);  // no menu
     add(0);  // standard class
     addText(title);
@@ -127,8 +137,11 @@ void ShowEditDialog(const std::string& title) {
     addText("MS Shell Dlg");
     addItem(SS_LEFT, 7, 7, 186, 10, 101, 0x0082, "Enter a text:");
     addItem(WS_BORDER | WS_TABSTOP | ES_AUTOHSCROLL, 7, 20, 186, 14, 100, 0x0081, "");
-    addItem(BS_DEFPUSHBUTTON | WS_TABSTOP, 90, 58, 50, 14, IDOK, 0x0080, "OK");
-    addItem(BS_PUSHBUTTON | WS_TABSTOP, 143, 58, 50, 14, IDCANCEL, 0x0080, "Cancel");
+    addItem(BS_AUTOCHECKBOX | WS_TABSTOP, 7, 40, 186, 10, 102, 0x0080, "Remember");
+    addItem(BS_AUTORADIOBUTTON | WS_GROUP | WS_TABSTOP, 7, 54, 90, 10, 103, 0x0080, "First");
+    addItem(BS_AUTORADIOBUTTON, 100, 54, 90, 10, 104, 0x0080, "Second");
+    addItem(BS_DEFPUSHBUTTON | WS_TABSTOP | WS_GROUP, 90, 88, 50, 14, IDOK, 0x0080, "OK");
+    addItem(BS_PUSHBUTTON | WS_TABSTOP, 143, 88, 50, 14, IDCANCEL, 0x0080, "Cancel");
     DialogBoxIndirectParamA(GetModuleHandleA(nullptr), reinterpret_cast<LPCDLGTEMPLATEA>(t.data()),
                             nullptr, EditDialogProc, 0);
 }

@@ -13,7 +13,10 @@
 //   button=&Yes          the button to press: its text ("&" and case ignored)
 //   button=#6            ... or its control id
 //   title=Roamwise       only answer a dialog whose title contains this text
+//   check=1005           tick a check box or choose an option button first
+//   uncheck=1005         clear a check box first
 //   set=1001:jsmith      put a text into a control (an edit field) first
+// (check boxes, then texts, then the button; check, uncheck and set may repeat)
 // A dialog that the next script line does not fit (another title, no such
 // button) is answered with its default button and recorded as unexpected; the
 // script line stays pending. A dialog still open 2 s after its answer is
@@ -21,11 +24,14 @@
 //
 // Output: one record per line, tab-separated fields, each escaped ("\\", "\t",
 // "\n", "\r"); written and flushed as they happen:
-//   dialog  PID EXE TITLE TEXT ANSWER-ID ANSWER-TEXT expected|unexpected ID=TEXT...
+//   dialog  PID EXE TITLE TEXT ANSWER-ID ANSWER-TEXT expected|unexpected CONTROL...
 //   window  PID EXE CLASS TITLE
 //   end     stopped|timeout SCRIPT-LINES-LEFT
 // TEXT is every non-empty static text of the dialog, joined by newlines (a
-// message box keeps its message in the static control with id 0xFFFF).
+// message box keeps its message in the static control with id 0xFFFF). Each
+// CONTROL is a push button "button:ID=TEXT", a check box "check:ID:1=TEXT"
+// (1 ticked, 0 not), an option button "radio:ID:1=TEXT" or an edit field
+// "edit:ID=TEXT", as the dialog showed them before it was answered.
 
 // A test tool that only ever runs under Wine: newer functions are fine here.
 #undef _WIN32_WINNT
@@ -47,6 +53,7 @@ struct ScriptLine {
     std::string button;  // text, or "#id"
     std::string title;   // substring the title must contain; empty: any
     std::vector<std::pair<int, std::string>> fields;
+    std::vector<std::pair<int, bool>> checks;  // id, ticked
 };
 
 struct Options {
@@ -159,6 +166,8 @@ bool ParseScript(const std::string& file, std::vector<ScriptLine>& script) {
                 entry.button = value;
             } else if (key == "title") {
                 entry.title = value;
+            } else if ((key == "check" || key == "uncheck") && !value.empty()) {
+                entry.checks.emplace_back(atoi(value.c_str()), key == "check");
             } else if (key == "set" && colon != std::string::npos) {
                 entry.fields.emplace_back(atoi(value.substr(0, colon).c_str()),
                                           value.substr(colon + 1));
@@ -241,11 +250,13 @@ class Watcher {
         std::string text;
         std::vector<std::pair<int, std::string>> buttons;
         std::vector<std::pair<int, HWND>> buttonWindows;
+        std::vector<std::string> controls;
         for (HWND child = GetWindow(dialog, GW_CHILD); child;
              child = GetWindow(child, GW_HWNDNEXT)) {
             std::string childClass = Lower(ClassOf(child));
             LONG style = GetWindowLongA(child, GWL_STYLE);
             int id = GetDlgCtrlID(child);
+            std::string prefix = std::to_string(id);
             if (childClass == "static") {
                 std::string childText = WindowText(child);
                 // Icons and pictures keep a resource name, not a text.
@@ -255,9 +266,19 @@ class Watcher {
                 text += childText;
             } else if (childClass == "button") {
                 int kind = style & BS_TYPEMASK;
-                if (kind != BS_PUSHBUTTON && kind != BS_DEFPUSHBUTTON) continue;
-                buttons.emplace_back(id, WindowText(child));
-                buttonWindows.emplace_back(id, child);
+                if (kind == BS_PUSHBUTTON || kind == BS_DEFPUSHBUTTON) {
+                    buttons.emplace_back(id, WindowText(child));
+                    buttonWindows.emplace_back(id, child);
+                    controls.push_back("button:" + prefix + "=" + WindowText(child));
+                } else if (kind == BS_CHECKBOX || kind == BS_AUTOCHECKBOX || kind == BS_3STATE ||
+                           kind == BS_AUTO3STATE || kind == BS_RADIOBUTTON ||
+                           kind == BS_AUTORADIOBUTTON) {
+                    bool radio = kind == BS_RADIOBUTTON || kind == BS_AUTORADIOBUTTON;
+                    controls.push_back(std::string(radio ? "radio:" : "check:") + prefix + ":" +
+                                       (IsChecked(child) ? "1" : "0") + "=" + WindowText(child));
+                }
+            } else if (childClass == "edit") {
+                controls.push_back("edit:" + prefix + "=" + ControlText(child));
             }
         }
 
@@ -269,6 +290,14 @@ class Watcher {
             if (titleFits) answer = FindButton(line.button, buttons);
             if (answer != -1) {
                 expected = true;
+                for (const auto& check : line.checks) {
+                    HWND control = GetDlgItem(dialog, check.first);
+                    // A click, so that the dialog hears of it as from the user.
+                    DWORD_PTR ignored;
+                    if (control && IsChecked(control) != check.second)
+                        SendMessageTimeoutA(control, BM_CLICK, 0, 0, SMTO_ABORTIFHUNG, 2000,
+                                            &ignored);
+                }
                 for (const auto& field : line.fields) {
                     HWND control = GetDlgItem(dialog, field.first);
                     DWORD_PTR ignored;
@@ -293,8 +322,7 @@ class Watcher {
         std::vector<std::string> record = {
             "dialog", std::to_string(pid),    ExeOf(pid), title,
             text,     std::to_string(answer), answerText, expected ? "expected" : "unexpected"};
-        for (const auto& button : buttons)
-            record.push_back(std::to_string(button.first) + "=" + button.second);
+        record.insert(record.end(), controls.begin(), controls.end());
         Write(record);
 
         mAnswered[dialog] = GetTickCount();
@@ -303,6 +331,22 @@ class Watcher {
         else
             PostMessageA(dialog, WM_COMMAND, MAKEWPARAM(answer, BN_CLICKED),
                          reinterpret_cast<LPARAM>(answerWindow));
+    }
+
+    static bool IsChecked(HWND control) {
+        DWORD_PTR state = 0;
+        return SendMessageTimeoutA(control, BM_GETCHECK, 0, 0, SMTO_ABORTIFHUNG, 2000, &state) &&
+               state == BST_CHECKED;
+    }
+
+    // An edit field's text lives in the field, not in its window caption.
+    static std::string ControlText(HWND control) {
+        char buffer[4096] = "";
+        DWORD_PTR length = 0;
+        if (!SendMessageTimeoutA(control, WM_GETTEXT, sizeof buffer,
+                                 reinterpret_cast<LPARAM>(buffer), SMTO_ABORTIFHUNG, 2000, &length))
+            return "";
+        return std::string(buffer, length < sizeof buffer ? length : 0);
     }
 
     static int FindButton(const std::string& wanted,

@@ -62,10 +62,19 @@ void ParseRecords(const std::string& text, RunResult& result) {
             dialog.answerId = std::stoi(f[5]);
             dialog.answerText = f[6];
             dialog.expected = f[7] == "expected";
+            // kind:id[:state]=text
             for (size_t i = 8; i < f.size(); ++i) {
                 size_t equals = f[i].find('=');
-                dialog.buttons.emplace_back(std::stoi(f[i].substr(0, equals)),
-                                            f[i].substr(equals + 1));
+                std::string head = f[i].substr(0, equals);
+                DialogControl control;
+                control.text = equals == std::string::npos ? "" : f[i].substr(equals + 1);
+                size_t colon = head.find(':');
+                control.kind = head.substr(0, colon);
+                control.id = std::stoi(head.substr(colon + 1));
+                size_t state = head.find(':', colon + 1);
+                control.checked = state != std::string::npos && head.substr(state + 1) == "1";
+                if (control.kind == "button") dialog.buttons.emplace_back(control.id, control.text);
+                dialog.controls.push_back(control);
             }
             result.dialogs.push_back(dialog);
         } else if (f[0] == "window" && f.size() >= 5) {
@@ -82,6 +91,8 @@ std::string ScriptText(const std::vector<Answer>& script) {
     for (const Answer& answer : script) {
         std::string line = "button=" + answer.button;
         if (!answer.title.empty()) line += "\ttitle=" + answer.title;
+        for (const auto& check : answer.checks)
+            line += (check.second ? "\tcheck=" : "\tuncheck=") + std::to_string(check.first);
         for (const auto& field : answer.fields)
             line += "\tset=" + std::to_string(field.first) + ":" + field.second;
         text += line + "\r\n";
@@ -117,6 +128,12 @@ HANDLE StartProcess(const std::string& program, const std::string& args, const s
 
 }  // namespace
 
+const DialogControl* DialogRecord::Control(int id) const {
+    for (const DialogControl& control : controls)
+        if (control.id == id) return &control;
+    return nullptr;
+}
+
 bool RunResult::ShowedWindow() const {
     for (const WindowRecord& window : windows)
         if (window.pid == pid) return true;
@@ -132,9 +149,14 @@ std::vector<DialogRecord> RunResult::UnexpectedDialogs() const {
 
 std::ostream& operator<<(std::ostream& out, const DialogRecord& dialog) {
     out << (dialog.expected ? "dialog" : "UNEXPECTED dialog") << " of " << dialog.exe << " \""
-        << dialog.title << "\": \"" << dialog.text << "\" buttons [";
-    for (size_t i = 0; i < dialog.buttons.size(); ++i)
-        out << (i ? ", " : "") << dialog.buttons[i].first << "=" << dialog.buttons[i].second;
+        << dialog.title << "\": \"" << dialog.text << "\" controls [";
+    for (size_t i = 0; i < dialog.controls.size(); ++i) {
+        const DialogControl& control = dialog.controls[i];
+        out << (i ? ", " : "") << control.kind << " " << control.id;
+        if (control.kind == "check" || control.kind == "radio")
+            out << (control.checked ? " (on)" : " (off)");
+        out << " \"" << control.text << "\"";
+    }
     return out << "] answered " << dialog.answerId << " " << dialog.answerText;
 }
 

@@ -52,9 +52,31 @@ TEST(DialogWatcher, PressesTheScriptedButtonsInOrder) {
     EXPECT_EQ("stopped", run.watcherEnd);
 }
 
-TEST(DialogWatcher, FillsControlsBeforePressing) {
-    RunProbe("dialog=Credentials", {bench::Answer("OK").Set(100, "jsmith")});
-    EXPECT_EQ(std::vector<std::string>({"dialog 1 jsmith"}), Report());
+TEST(DialogWatcher, RecordsControlsAndSetsThemBeforePressing) {
+    bench::RunResult run = RunProbe(
+        "dialog=Credentials", {bench::Answer("OK").Set(100, "jsmith").Uncheck(102).Check(104)});
+    EXPECT_EQ(std::vector<std::string>({"dialog 1 jsmith unchecked 104"}), Report());
+
+    // The record shows the dialog as it came up.
+    ASSERT_EQ(1u, run.dialogs.size());
+    const bench::DialogRecord& dialog = run.dialogs[0];
+    EXPECT_EQ("Enter a text:", dialog.text);
+    ASSERT_NE(nullptr, dialog.Control(100));
+    EXPECT_EQ("edit", dialog.Control(100)->kind);
+    EXPECT_EQ("preset", dialog.Control(100)->text);
+    ASSERT_NE(nullptr, dialog.Control(102));
+    EXPECT_EQ("check", dialog.Control(102)->kind);
+    EXPECT_TRUE(dialog.Control(102)->checked);
+    ASSERT_NE(nullptr, dialog.Control(104));
+    EXPECT_EQ("radio", dialog.Control(104)->kind);
+    EXPECT_FALSE(dialog.Control(104)->checked);
+    EXPECT_TRUE(dialog.Control(103)->checked);
+    EXPECT_EQ(Buttons({{IDOK, "OK"}, {IDCANCEL, "Cancel"}}), dialog.buttons);
+}
+
+TEST(DialogWatcher, TickingATickedBoxLeavesItTicked) {
+    RunProbe("dialog=Credentials", {bench::Answer("Cancel").Check(102)});
+    EXPECT_EQ(std::vector<std::string>({"dialog 2 preset checked 103"}), Report());
 }
 
 // Each of these runs must fail the test, and still end.
