@@ -172,20 +172,54 @@ struct RunOptions {
     bool strictDialogs = true;   // unexpected or missing dialogs fail the test
 };
 
-struct RunResult {
-    DWORD pid = 0;
-    DWORD exitCode = 0;
-    bool timedOut = false;  // killed at the time limit (also fails the test)
+// What the dialog watcher saw.
+struct WatchResult {
     std::vector<DialogRecord> dialogs;
     std::vector<WindowRecord> windows;  // of every process but the watcher
     size_t scriptLeft = 0;              // scripted answers no dialog used
     std::string watcherEnd;             // "stopped", or "timeout"/"" when the watcher failed
+
+    std::vector<DialogRecord> UnexpectedDialogs() const;
+    // Whether there was an unexpected dialog or an unused answer.
+    bool DialogsAsScripted() const { return UnexpectedDialogs().empty() && scriptLeft == 0; }
+};
+
+// The dialog watcher, running from construction to Stop() (or destruction)
+// beside whatever the test does meanwhile: code of this test process that
+// shows message boxes, or programs the test starts. RunRwz uses one.
+//
+//   bench::DialogWatch watch({bench::Answer("&Yes")});
+//   ... code that asks a question ...
+//   EXPECT_TRUE(watch.Stop().DialogsAsScripted());
+class DialogWatch {
+  public:
+    // Throws std::runtime_error when the watcher cannot be started. The
+    // watcher ends by itself after `timeoutMs`.
+    explicit DialogWatch(const std::vector<Answer>& script = {}, DWORD timeoutMs = 120000);
+    ~DialogWatch();
+    DialogWatch(const DialogWatch&) = delete;
+    DialogWatch& operator=(const DialogWatch&) = delete;
+
+    // Stops the watcher (once) and returns what it saw.
+    const WatchResult& Stop();
+
+  private:
+    HANDLE mStop = nullptr;
+    HANDLE mWatcher = nullptr;
+    std::string mOutFile;
+    bool mStopped = false;
+    WatchResult mResult;
+};
+
+struct RunResult : WatchResult {
+    DWORD pid = 0;
+    DWORD exitCode = 0;
+    bool timedOut = false;  // killed at the time limit (also fails the test)
     bool logExists = false;
     std::string log;  // DEBUG.LOG after the run
 
     // Whether the program showed a visible top-level window other than a dialog.
     bool ShowedWindow() const;
-    std::vector<DialogRecord> UnexpectedDialogs() const;
     std::vector<std::string> LogLines() const { return SplitLines(log); }
     // Everything above, for failure messages.
     std::string Describe() const;

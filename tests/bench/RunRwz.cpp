@@ -50,7 +50,7 @@ std::vector<std::string> Fields(const std::string& line) {
     return fields;
 }
 
-void ParseRecords(const std::string& text, RunResult& result) {
+void ParseRecords(const std::string& text, WatchResult& result) {
     for (const std::string& line : SplitLines(text)) {
         std::vector<std::string> f = Fields(line);
         if (f[0] == "dialog" && f.size() >= 8) {
@@ -140,7 +140,7 @@ bool RunResult::ShowedWindow() const {
     return false;
 }
 
-std::vector<DialogRecord> RunResult::UnexpectedDialogs() const {
+std::vector<DialogRecord> WatchResult::UnexpectedDialogs() const {
     std::vector<DialogRecord> found;
     for (const DialogRecord& dialog : dialogs)
         if (!dialog.expected) found.push_back(dialog);
@@ -182,36 +182,55 @@ RunResult RunRwz(const std::string& args, std::vector<Answer> script, DWORD time
     return RunRwz(options);
 }
 
-RunResult RunRwz(const RunOptions& options) {
-    static int runs = 0;
-    std::string id = std::to_string(GetCurrentProcessId()) + "-" + std::to_string(++runs);
+DialogWatch::DialogWatch(const std::vector<Answer>& script, DWORD timeoutMs) {
+    static int watches = 0;
+    std::string id = std::to_string(GetCurrentProcessId()) + "-" + std::to_string(++watches);
+    std::string folder = TempFolder();
+    std::string scriptFile = folder + "\\script-" + id + ".txt";
+    mOutFile = folder + "\\dialogs-" + id + ".txt";
+    WriteFile(scriptFile, ScriptText(script));
+    DeleteFileA(mOutFile.c_str());
+    std::string stopName = "RwzBenchStop-" + id;
+    std::string readyName = "RwzBenchReady-" + id;
+    mStop = CreateEventA(nullptr, TRUE, FALSE, stopName.c_str());
+    Handle ready(CreateEventA(nullptr, TRUE, FALSE, readyName.c_str()));
 
+    std::string watcherExe = BuildDir() + "\\tests\\DialogWatcher.exe";
+    std::string watcherArgs = "--script \"" + scriptFile + "\" --out \"" + mOutFile +
+                              "\" --stop-event " + stopName + " --ready-event " + readyName +
+                              " --timeout " + std::to_string(timeoutMs / 1000 + 1);
+    mWatcher = StartProcess(watcherExe, watcherArgs, "");
+    HANDLE readyOrGone[] = {ready.Get(), mWatcher};
+    if (WaitForMultipleObjects(2, readyOrGone, FALSE, 15000) != WAIT_OBJECT_0) {
+        TerminateProcess(mWatcher, 1);
+        CloseHandle(mWatcher);
+        CloseHandle(mStop);
+        throw std::runtime_error("the dialog watcher did not start: " + watcherExe);
+    }
+}
+
+DialogWatch::~DialogWatch() {
+    Stop();
+    CloseHandle(mWatcher);
+    CloseHandle(mStop);
+}
+
+const WatchResult& DialogWatch::Stop() {
+    if (mStopped) return mResult;
+    mStopped = true;
+    SetEvent(mStop);
+    if (WaitForSingleObject(mWatcher, 10000) != WAIT_OBJECT_0) TerminateProcess(mWatcher, 1);
+    ParseRecords(ReadFileText(mOutFile), mResult);
+    return mResult;
+}
+
+RunResult RunRwz(const RunOptions& options) {
     std::string program =
         options.program.empty() ? BuildDir() + "\\bin\\Rwz.exe" : WindowsPath(options.program);
     if (!FileExists(program)) throw std::runtime_error("no program " + program + " (not built?)");
     CopyFileReplacing(program, InstalledRwz());
 
-    std::string folder = TempFolder();
-    std::string scriptFile = folder + "\\script-" + id + ".txt";
-    std::string outFile = folder + "\\dialogs-" + id + ".txt";
-    WriteFile(scriptFile, ScriptText(options.script));
-    DeleteFileA(outFile.c_str());
-    std::string stopName = "RwzBenchStop-" + id;
-    std::string readyName = "RwzBenchReady-" + id;
-    Handle stop(CreateEventA(nullptr, TRUE, FALSE, stopName.c_str()));
-    Handle ready(CreateEventA(nullptr, TRUE, FALSE, readyName.c_str()));
-
-    std::string watcherExe = BuildDir() + "\\tests\\DialogWatcher.exe";
-    std::string watcherArgs = "--script \"" + scriptFile + "\" --out \"" + outFile +
-                              "\" --stop-event " + stopName + " --ready-event " + readyName +
-                              " --timeout " + std::to_string(options.timeoutMs / 1000 + 30);
-    Handle watcher(StartProcess(watcherExe, watcherArgs, ""));
-    HANDLE readyOrGone[] = {ready.Get(), watcher.Get()};
-    if (WaitForMultipleObjects(2, readyOrGone, FALSE, 15000) != WAIT_OBJECT_0) {
-        TerminateProcess(watcher.Get(), 1);
-        throw std::runtime_error("the dialog watcher did not start: " + watcherExe);
-    }
-
+    DialogWatch watch(options.script, options.timeoutMs + 30000);
     RunResult result;
     std::string workDir = options.workDir.empty() ? InstallDir() : options.workDir;
     Handle process(StartProcess(InstalledRwz(), options.args, workDir, &result.pid));
@@ -221,18 +240,14 @@ RunResult RunRwz(const RunOptions& options) {
         WaitForSingleObject(process.Get(), 5000);
     }
     GetExitCodeProcess(process.Get(), &result.exitCode);
-
-    SetEvent(stop.Get());
-    if (WaitForSingleObject(watcher.Get(), 10000) != WAIT_OBJECT_0)
-        TerminateProcess(watcher.Get(), 1);
-    ParseRecords(ReadFileText(outFile), result);
+    static_cast<WatchResult&>(result) = watch.Stop();
     result.logExists = ReadFile(DebugLogPath(), result.log);
 
     if (result.timedOut)
         ADD_FAILURE() << "Rwz.exe " << options.args << " did not end within " << options.timeoutMs
                       << " ms\n"
                       << result.Describe();
-    if (options.strictDialogs && (!result.UnexpectedDialogs().empty() || result.scriptLeft))
+    if (options.strictDialogs && !result.DialogsAsScripted())
         ADD_FAILURE() << "Rwz.exe " << options.args << ": the dialogs were not the ones scripted\n"
                       << result.Describe();
     return result;

@@ -152,6 +152,16 @@ TEST(RunRwz, InstallsTheProgramWhereTheLogIsRead) {
     EXPECT_FALSE(run.logExists);  // the probe writes no DEBUG.LOG
 }
 
+TEST(DialogWatch, AnswersDialogsOfTheTestProcessItself) {
+    bench::DialogWatch watch({bench::Answer("&No").Title("Here")});
+    EXPECT_EQ(IDNO, MessageBoxA(nullptr, "In the test", "Here", MB_YESNO));
+    const bench::WatchResult& seen = watch.Stop();
+    EXPECT_TRUE(seen.DialogsAsScripted());
+    ASSERT_EQ(1u, seen.dialogs.size());
+    EXPECT_EQ("In the test", seen.dialogs[0].text);
+    EXPECT_EQ(GetCurrentProcessId(), seen.dialogs[0].pid);
+}
+
 // --- machines --------------------------------------------------------------
 
 struct Emulated {
