@@ -378,10 +378,12 @@ void InternetExplorerLib::SetAutoDetectSettings() {
             // Internet Explorer writes the record when its connection settings
             // are first saved; a missing or cut record has no flag to change.
             if (mblnAutoDetectSettings) {
-                proc.Log("\"DefaultConnectionSettings\" " +
-                         (live ? "holds only " + std::to_string(live->Bytes.size()) + " bytes"
-                               : std::string("is missing")) +
-                         ": automatic detection left off");
+                WriteLog(std::string(kTag) +
+                             " - SetAutoDetectSettings: \"DefaultConnectionSettings\" " +
+                             (live ? "holds only " + std::to_string(live->Bytes.size()) + " bytes"
+                                   : std::string("is missing")) +
+                             ": automatic detection left off",
+                         kLogWarning);
             }
             return;
         }

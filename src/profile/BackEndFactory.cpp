@@ -1,6 +1,7 @@
 #include "profile/BackEndFactory.h"
 
 #include "browsers/InternetExplorerLib.h"
+#include "browsers/NavigatorLib.h"
 #include "browsers/OperaLib.h"
 #include "platform/modAPI.h"
 
@@ -14,7 +15,7 @@ std::unique_ptr<IBrowser> CreateInternetExplorerConfig() {
     return std::make_unique<InternetExplorerLib>();
 }
 
-std::unique_ptr<IBrowser> CreateNavigatorConfig() { return nullptr; }
+std::unique_ptr<IBrowser> CreateNavigatorConfig() { return std::make_unique<NavigatorLib>(); }
 
 std::unique_ptr<IBrowser> CreateOperaConfig() { return std::make_unique<OperaLib>(); }
 

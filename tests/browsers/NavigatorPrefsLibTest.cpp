@@ -6,13 +6,10 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <atomic>
-#include <mutex>
-#include <set>
 #include <string>
-#include <thread>
 #include <vector>
 
+#include "browsers/InProcessWatcher.h"
 #include "browsers/NavigatorPrefsLib.h"
 #include "platform/RwzError.h"
 #include "platform/Win32Handles.h"
@@ -144,68 +141,9 @@ Lines FilesIn(const std::string& folder) {
     return names;
 }
 
-// Answers, and records, every message box this process shows, so that a test
-// never hangs on one and can check what it said.
-class MessageBoxWatcher {
-  public:
-    struct Box {
-        std::string Title;
-        std::string Text;
-        bool Exclamation = false;
-    };
-
-    MessageBoxWatcher() : mThread([this] { Watch(); }) {}
-    ~MessageBoxWatcher() {
-        mStop = true;
-        mThread.join();
-    }
-    std::vector<Box> Boxes() {
-        std::lock_guard<std::mutex> lock(mMutex);
-        return mBoxes;
-    }
-
-  private:
-    static BOOL CALLBACK Found(HWND window, LPARAM param) {
-        auto* self = reinterpret_cast<MessageBoxWatcher*>(param);
-        DWORD process = 0;
-        GetWindowThreadProcessId(window, &process);
-        char className[64] = {};
-        GetClassNameA(window, className, sizeof className);
-        if (process != GetCurrentProcessId() || std::string(className) != "#32770") return TRUE;
-        if (!self->mAnswered.insert(window).second) return TRUE;
-        Box box;
-        char text[1024] = {};
-        GetWindowTextA(window, text, sizeof text);
-        box.Title = text;
-        GetDlgItemTextA(window, 0xFFFF, text, sizeof text);
-        box.Text = text;
-        const HICON exclamation = LoadIconA(nullptr, IDI_EXCLAMATION);
-        for (int id : {0x14, 0x440}) {  // the icon's control id: Windows, Wine
-            HWND icon = GetDlgItem(window, id);
-            if (icon &&
-                reinterpret_cast<HICON>(SendMessageA(icon, STM_GETICON, 0, 0)) == exclamation)
-                box.Exclamation = true;
-        }
-        {
-            std::lock_guard<std::mutex> lock(self->mMutex);
-            self->mBoxes.push_back(box);
-        }
-        PostMessageA(window, WM_COMMAND, IDOK, 0);
-        return TRUE;
-    }
-    void Watch() {
-        while (!mStop) {
-            EnumWindows(Found, reinterpret_cast<LPARAM>(this));
-            Sleep(20);
-        }
-    }
-
-    std::atomic<bool> mStop{false};
-    std::mutex mMutex;
-    std::vector<Box> mBoxes;
-    std::set<HWND> mAnswered;
-    std::thread mThread;
-};
+// Answers every message box, so that a test never hangs on one and can check
+// what it said.
+using MessageBoxWatcher = test::InProcessWatcher;
 
 class NavigatorPrefsLibTest : public ::testing::Test {
   protected:

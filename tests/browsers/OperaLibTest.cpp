@@ -482,26 +482,16 @@ TEST(OperaLib, StandInIsFoundInstalledAndClosesOnRequest) {
     EXPECT_FLOAT_EQ(7.54f, opera.Version());
     EXPECT_TRUE(opera.IsInstalled());
 
-    STARTUPINFOA startup = {};
-    startup.cb = sizeof startup;
-    PROCESS_INFORMATION process = {};
-    std::string line = "\"" + program + "\" /hidden";
-    ASSERT_TRUE(CreateProcessA(program.c_str(), line.data(), nullptr, nullptr, FALSE, 0, nullptr,
-                               nullptr, &startup, &process));
-    HWND window = nullptr;
-    for (int i = 0; i < 200 && !window; ++i) {
-        window = FindWindowA(bench::kOperaWindowClass, nullptr);
-        if (!window) Sleep(50);
-    }
-    EXPECT_NE(nullptr, window) << "no \"OpWindow\" window";
-    if (window) PostMessageA(window, WM_CLOSE, 0, 0);
-    EXPECT_EQ(static_cast<DWORD>(WAIT_OBJECT_0), WaitForSingleObject(process.hProcess, 10000));
+    HANDLE process = bench::StartStandIn(program, bench::kOperaWindowClass);
+    HWND window = FindWindowA(bench::kOperaWindowClass, nullptr);
+    ASSERT_NE(nullptr, window);
+    PostMessageA(window, WM_CLOSE, 0, 0);
+    EXPECT_EQ(static_cast<DWORD>(WAIT_OBJECT_0), WaitForSingleObject(process, 10000));
     DWORD exitCode = 1;
-    GetExitCodeProcess(process.hProcess, &exitCode);
+    GetExitCodeProcess(process, &exitCode);
     EXPECT_EQ(0u, exitCode);
-    if (exitCode == STILL_ACTIVE) TerminateProcess(process.hProcess, 1);
-    CloseHandle(process.hThread);
-    CloseHandle(process.hProcess);
+    if (exitCode == STILL_ACTIVE) TerminateProcess(process, 1);
+    CloseHandle(process);
     EXPECT_EQ(nullptr, FindWindowA(bench::kOperaWindowClass, nullptr));
     ScratchFolder::Remove("C:\\Program Files\\Opera7");
 }

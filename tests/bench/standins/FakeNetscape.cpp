@@ -39,9 +39,9 @@ int WINAPI WinMain(HINSTANCE instance, HINSTANCE, LPSTR commandLine, int show) {
     windowClass.lpszClassName = "MozillaWindowClass";
     if (!RegisterClassA(&windowClass)) return 1;
 
-    HWND window = CreateWindowA("MozillaWindowClass", title.c_str(), WS_OVERLAPPEDWINDOW,
-                                CW_USEDEFAULT, CW_USEDEFAULT, 640, 480, nullptr, nullptr,
-                                instance, nullptr);
+    HWND window =
+        CreateWindowA("MozillaWindowClass", title.c_str(), WS_OVERLAPPEDWINDOW, CW_USEDEFAULT,
+                      CW_USEDEFAULT, 640, 480, nullptr, nullptr, instance, nullptr);
     if (!window) return 2;
     ShowWindow(window, show);
 

@@ -5,8 +5,10 @@
 //
 //   bench::Machine machine("xp-laptop");
 //   std::string opera = bench::InstallStandInOpera();  // C:\Program Files\Opera7\Opera.exe
+//   HANDLE running = bench::StartStandIn(opera, bench::kOperaWindowClass);
 #pragma once
 
+#include <stdexcept>
 #include <string>
 
 #include "bench/Bench.h"
@@ -31,6 +33,30 @@ inline std::string InstallStandInOpera() {
     if (slash != std::string::npos) MakeFolders(program.substr(0, slash));
     CopyFileReplacing(BuildDir() + "\\tests\\FakeOpera.exe", program);
     return program;
+}
+
+// Starts an installed stand-in browser and waits until its window of
+// `windowClass` is open; returns the process handle (the caller closes it).
+// Throws when it does not start or opens no window within 10 s. "/hidden"
+// keeps the window from being shown.
+inline HANDLE StartStandIn(const std::string& program, const char* windowClass,
+                           bool hidden = true) {
+    STARTUPINFOA startup = {};
+    startup.cb = sizeof startup;
+    PROCESS_INFORMATION process = {};
+    std::string line = "\"" + program + "\"" + (hidden ? " /hidden" : "");
+    if (!CreateProcessA(program.c_str(), &line[0], nullptr, nullptr, FALSE, 0, nullptr, nullptr,
+                        &startup, &process)) {
+        throw std::runtime_error("cannot start " + program);
+    }
+    CloseHandle(process.hThread);
+    for (int i = 0; i < 200; ++i) {
+        if (FindWindowA(windowClass, nullptr)) return process.hProcess;
+        Sleep(50);
+    }
+    TerminateProcess(process.hProcess, 1);
+    CloseHandle(process.hProcess);
+    throw std::runtime_error(program + " opened no \"" + windowClass + "\" window");
 }
 
 }  // namespace bench

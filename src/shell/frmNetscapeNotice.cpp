@@ -1,0 +1,106 @@
+#include "shell/frmNetscapeNotice.h"
+
+#include <utility>
+
+#include "localization/modLocalization.h"
+#include "platform/Procedure.h"
+#include "platform/modUtilities.h"
+#include "shell/frmNetscapeNoticeRes.h"
+
+namespace rwz {
+
+namespace {
+
+// The language file's tag for this dialog in every category.
+const char kTag[] = "NetscapeNotice";
+
+// Label 0: a profile was taken instead; label 1: there is none.
+const char kProfileTakenText[] =
+    "Roamwise could not tell which Netscape profile is in use, so it shows the settings of "
+    "the first profile it found: '{%0}'.\r\n\r\n"
+    "If you use another profile, choose it on the Netscape tab before you apply a "
+    "configuration.";
+const char kNoProfileText[] =
+    "Roamwise found Netscape on this computer but none of its user profiles, so the Netscape "
+    "settings can be neither read nor applied.\r\n\r\n"
+    "Start Netscape once to create a profile, then start Roamwise again.";
+
+}  // namespace
+
+std::string frmNetscapeNotice::NoticeText() const {
+    if (mstrFirstProfile.empty()) {
+        return Localization().GetLocalizedValue("Labels", std::string(kTag) + ":1", false,
+                                                kNoProfileText);
+    }
+    return FillPlaceholders(Localization().GetLocalizedValue("Labels", std::string(kTag) + ":0",
+                                                             false, kProfileTakenText),
+                            {mstrFirstProfile});
+}
+
+INT_PTR frmNetscapeNotice::Show(HWND owner) {
+    return DialogBoxParamA(GetModuleHandleA(nullptr), "NETSCAPE_NOTICE", owner, DialogProc,
+                           reinterpret_cast<LPARAM>(this));
+}
+
+INT_PTR ShowNetscapeNotice(HWND owner, const std::string& astrFirstProfile) {
+    frmNetscapeNotice form(astrFirstProfile);
+    return form.Show(owner);
+}
+
+INT_PTR CALLBACK frmNetscapeNotice::DialogProc(HWND window, UINT message, WPARAM wParam,
+                                               LPARAM lParam) {
+    if (message == WM_INITDIALOG) {
+        SetWindowLongPtrA(window, DWLP_USER, lParam);
+        reinterpret_cast<frmNetscapeNotice*>(lParam)->mhWnd = window;
+    }
+    auto* form = reinterpret_cast<frmNetscapeNotice*>(GetWindowLongPtrA(window, DWLP_USER));
+    if (!form) return FALSE;
+    const INT_PTR result = form->HandleMessage(message, wParam, lParam);
+    if (message == WM_NCDESTROY) form->mhWnd = nullptr;
+    return result;
+}
+
+INT_PTR frmNetscapeNotice::HandleMessage(UINT message, WPARAM wParam, LPARAM) {
+    switch (message) {
+        case WM_INITDIALOG:
+            Form_Load();
+            return TRUE;
+        case WM_COMMAND:
+            // OK, Enter and Escape all close the notice.
+            if (LOWORD(wParam) == IDOK || LOWORD(wParam) == IDCANCEL) {
+                cmdButton_Click();
+                return TRUE;
+            }
+            return FALSE;
+    }
+    return FALSE;
+}
+
+void frmNetscapeNotice::Form_Load() {
+    Procedure proc("frmNetscapeNotice", "Form_Load");
+    proc.Run([&] {
+        SendDlgItemMessageA(mhWnd, IDC_NSNOTICE_ICON, STM_SETICON,
+                            reinterpret_cast<WPARAM>(LoadIconA(nullptr, IDI_INFORMATION)), 0);
+        SetDlgItemTextA(mhWnd, IDC_NSNOTICE_LABEL0, NoticeText().c_str());
+        const clsLocalization& objLocalization = Localization();
+        objLocalization.SetControlCaption(mhWnd, "WindowTitles", kTag);
+        objLocalization.SetControlArrayCaption({GetDlgItem(mhWnd, IDOK)}, "Buttons", kTag);
+        objLocalization.SetControlArrayCaption({GetDlgItem(mhWnd, IDC_NSNOTICE_CHECK0)},
+                                               "Checkboxes", kTag);
+        // Over a hidden or absent main window the notice must still come to the front.
+        SetForegroundWindow(mhWnd);
+    });
+}
+
+void frmNetscapeNotice::cmdButton_Click() {
+    Procedure proc("frmNetscapeNotice", "cmdButton_Click");
+    proc.Run([&] {
+        mblnDoNotShowAgain = IsDlgButtonChecked(mhWnd, IDC_NSNOTICE_CHECK0) == BST_CHECKED;
+        proc.LogValue(mblnDoNotShowAgain ? "1" : "0");
+        if (mblnDoNotShowAgain)
+            SaveProgramSetting(kProductName, "Options", "NavigatorWarning", "1");
+    });
+    EndDialog(mhWnd, IDOK);
+}
+
+}  // namespace rwz
