@@ -289,10 +289,8 @@ void NavigatorLib::FindProfiles() {
                 mcolProfileList.empty() ? std::string() : mcolProfileList.front();
             ShowNetscapeNotice(GetActiveWindow(), first);
         }
-        if (mstrCurrentProfile.empty() && !mcolProfileList.empty()) {
+        if (mstrCurrentProfile.empty() && !mcolProfileList.empty())
             mstrCurrentProfile = mcolProfileList.front();
-            mstrPrefsFile = mcolPrefsFiles.front().second;
-        }
         Note("Profile Name: " + mstrCurrentProfile);
     });
 }
@@ -340,7 +338,6 @@ void NavigatorLib::FindMachineWideProfile() {
         const std::string file = PrefsIn(folder);
         if (FindPrefs(file) && AddProfile(user, file)) {
             mstrCurrentProfile = user;
-            mstrPrefsFile = file;
             mblnCurrentProfileFound = true;
         }
     });
@@ -383,7 +380,6 @@ void NavigatorLib::FindPerUserProfiles() {
                 if (AddProfile(user, file) && !currentKey.empty() &&
                     UserKeyName(user) == currentKey) {
                     mstrCurrentProfile = user;
-                    mstrPrefsFile = file;
                     mblnCurrentProfileFound = true;
                 }
                 break;

@@ -136,7 +136,6 @@ class NavigatorLib : public clsBrowserBase {
     NavigatorPrefsLib* mobjPrefs = nullptr;
 
     std::vector<std::pair<std::string, std::string>> mcolPrefsFiles;  // name, prefs.js
-    std::string mstrPrefsFile;  // the current profile's file as found
     bool mblnCurrentProfileFound = false;
 };
 
