@@ -6,6 +6,7 @@
 #include <chrono>
 
 #include "NavigatorLibTestSupport.h"
+#include "bench/standins/StandIns.h"
 #include "browsers/RegistryDatWriter.h"
 #include "platform/modAPI.h"
 #include "platform/modUtilities.h"
@@ -129,33 +130,23 @@ TEST_F(NavigatorLibTest, FactoryMakesTheNetscapeBackEnd) {
 
 // The stand-in that the machines register: the version of its variant, and a
 // "MozillaWindowClass" window that ends the program when asked to close.
-TEST_F(NavigatorLibTest, StandInShowsTheBrowserWindowUntilAskedToClose) {
+TEST_F(NavigatorLibTest, StandInKeepsABrowserWindowUntilAskedToClose) {
     for (const char* variant : {"FakeNetscape479.exe", "FakeNetscape72.exe"}) {
         SCOPED_TRACE(variant);
         const std::string program = bench::BuildDir() + "\\tests\\" + variant;
         EXPECT_EQ(std::string(variant) == "FakeNetscape72.exe" ? "7.2" : "4.79",
                   GetFileProductVersion(program));
 
-        STARTUPINFOA startup = {};
-        startup.cb = sizeof startup;
-        PROCESS_INFORMATION process = {};
-        std::string commandLine = "\"" + program + "\"";
-        ASSERT_TRUE(CreateProcessA(nullptr, &commandLine[0], nullptr, nullptr, FALSE, 0, nullptr,
-                                   nullptr, &startup, &process));
-        HWND window = nullptr;
-        for (int i = 0; i < 500 && !window; ++i) {
-            window = FindWindowA("MozillaWindowClass", nullptr);
-            if (!window) Sleep(20);
-        }
-        EXPECT_NE(nullptr, window);
-        if (window) PostMessageA(window, WM_CLOSE, 0, 0);
-        EXPECT_EQ(WAIT_OBJECT_0, WaitForSingleObject(process.hProcess, 10000));
+        HANDLE process = bench::StartStandIn(program, "MozillaWindowClass");
+        HWND window = FindWindowA("MozillaWindowClass", nullptr);
+        ASSERT_NE(nullptr, window);
+        EXPECT_FALSE(IsWindowVisible(window));
+        PostMessageA(window, WM_CLOSE, 0, 0);
+        EXPECT_EQ(WAIT_OBJECT_0, WaitForSingleObject(process, 10000));
         DWORD exitCode = 1;
-        GetExitCodeProcess(process.hProcess, &exitCode);
+        GetExitCodeProcess(process, &exitCode);
         EXPECT_EQ(0u, exitCode);
-        if (!window) TerminateProcess(process.hProcess, 1);
-        CloseHandle(process.hThread);
-        CloseHandle(process.hProcess);
+        CloseHandle(process);
         EXPECT_EQ(nullptr, FindWindowA("MozillaWindowClass", nullptr));
     }
 }

@@ -3,7 +3,8 @@
 // and a top-level window of class "MozillaWindowClass" (the running-browser
 // check), which ends the program when it is asked to close.
 //
-//   FakeNetscape479.exe [--title TEXT]
+//   netscape.exe           a "MozillaWindowClass" window titled "Netscape"
+//   netscape.exe /hidden   the same window, never shown (bench::StartStandIn)
 #include <windows.h>
 
 #include <string>
@@ -25,12 +26,6 @@ LRESULT CALLBACK WindowProc(HWND window, UINT message, WPARAM wParam, LPARAM lPa
 }  // namespace
 
 int WINAPI WinMain(HINSTANCE instance, HINSTANCE, LPSTR commandLine, int show) {
-    std::string title = "Netscape";
-    const std::string arguments = commandLine ? commandLine : "";
-    const std::string titleSwitch = "--title ";
-    if (arguments.compare(0, titleSwitch.size(), titleSwitch) == 0)
-        title = arguments.substr(titleSwitch.size());
-
     WNDCLASSA windowClass = {};
     windowClass.lpfnWndProc = WindowProc;
     windowClass.hInstance = instance;
@@ -40,10 +35,11 @@ int WINAPI WinMain(HINSTANCE instance, HINSTANCE, LPSTR commandLine, int show) {
     if (!RegisterClassA(&windowClass)) return 1;
 
     HWND window =
-        CreateWindowA("MozillaWindowClass", title.c_str(), WS_OVERLAPPEDWINDOW, CW_USEDEFAULT,
+        CreateWindowA("MozillaWindowClass", "Netscape", WS_OVERLAPPEDWINDOW, CW_USEDEFAULT,
                       CW_USEDEFAULT, 640, 480, nullptr, nullptr, instance, nullptr);
     if (!window) return 2;
-    ShowWindow(window, show);
+    if (std::string(commandLine ? commandLine : "").find("/hidden") == std::string::npos)
+        ShowWindow(window, show);
 
     MSG message;
     while (GetMessageA(&message, nullptr, 0, 0) > 0) {
