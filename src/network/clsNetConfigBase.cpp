@@ -23,13 +23,6 @@ std::string CommaList(std::string astrList) {
     return astrList;
 }
 
-// A value is one line of the file. A reader stops at a line break anyway, and
-// what followed it would stand in the file as a line of its own, where it
-// could pass for another key; so it is not written at all.
-std::string OneLine(const std::string& astrValue) {
-    return astrValue.substr(0, astrValue.find_first_of("\r\n"));
-}
-
 }  // namespace
 
 const char* SetOperationName(NetSetting aSetting) {
@@ -520,10 +513,10 @@ void clsNetConfigBase::SaveConfigurationfile(const std::string& astrFile) {
     proc.LogValue(astrFile);
     proc.Run([&] {
         auto network = [&](const char* key, const std::string& value) {
-            WriteProfileString(astrFile, kNetworkSection, key, OneLine(value));
+            WriteProfileString(astrFile, kNetworkSection, key, value);
         };
         auto printer = [&](const char* key, const std::string& value) {
-            WriteProfileString(astrFile, kPrinterSection, key, OneLine(value));
+            WriteProfileString(astrFile, kPrinterSection, key, value);
         };
         auto addressList = [](const std::string& list) {
             const std::string text = CommaList(list);

@@ -17,7 +17,8 @@ std::string ReadProfileString(const std::string& astrFile, const std::string& as
 
 void WriteProfileString(const std::string& astrFile, const std::string& astrSection,
                         const std::string& astrKey, const std::string& astrValue) {
-    if (!WritePrivateProfileStringA(astrSection.c_str(), astrKey.c_str(), astrValue.c_str(),
+    const std::string line = astrValue.substr(0, astrValue.find_first_of("\r\n"));
+    if (!WritePrivateProfileStringA(astrSection.c_str(), astrKey.c_str(), line.c_str(),
                                     astrFile.c_str())) {
         RaiseRuntimeError(kErrPathFileAccess, "Rwz");
     }

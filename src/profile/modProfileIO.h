@@ -16,8 +16,11 @@ inline constexpr unsigned kProfileValueBuffer = 255;
 std::string ReadProfileString(const std::string& astrFile, const std::string& astrSection,
                               const std::string& astrKey, const std::string& astrDefault = "");
 
-// Writes one key, creating the file or the section when needed. Raises runtime
-// error 75 (path/file access error) when the file cannot be written.
+// Writes one key, creating the file or the section when needed. A value is one
+// line of the file: a reader stops at a line break anyway, and what followed it
+// would stand in the file as a line of its own, where it could pass for another
+// key; so only the first line is written. Raises runtime error 75 (path/file
+// access error) when the file cannot be written.
 void WriteProfileString(const std::string& astrFile, const std::string& astrSection,
                         const std::string& astrKey, const std::string& astrValue);
 

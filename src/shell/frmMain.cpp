@@ -12,6 +12,7 @@
 #include "platform/modUtilities.h"
 #include "profile/clsRwzConfig.h"
 #include "profile/modRestart.h"
+#include "report/clsSettings.h"
 #include "shell/frmMainRes.h"
 #include "shell/frmRestart.h"
 #include "shell/modCommandLine.h"
@@ -49,6 +50,18 @@ const ToolbarButton kToolbarButtons[] = {
     {STD_PROPERTIES, IDM_AREA_OPERA, BTNS_CHECK, "Opera"},
 };
 const int kAreaCommands[] = {IDM_AREA_GENERAL, IDM_AREA_IE, IDM_AREA_NETSCAPE, IDM_AREA_OPERA};
+
+INT_PTR CALLBACK AboutProc(HWND dialog, UINT message, WPARAM wParam, LPARAM) {
+    if (message == WM_INITDIALOG) {
+        SetDlgItemTextA(dialog, IDC_ABOUT_VERSION, ("Version " + ProgramVersionText()).c_str());
+        return TRUE;
+    }
+    if (message == WM_COMMAND && (LOWORD(wParam) == IDOK || LOWORD(wParam) == IDCANCEL)) {
+        EndDialog(dialog, LOWORD(wParam));
+        return TRUE;
+    }
+    return FALSE;
+}
 
 // Widths of the status bar panels 2 to 4; panel 1 takes the rest.
 const int kPanelWidths[] = {0, 110, 90, 110};
@@ -233,6 +246,10 @@ void frmMain::OnCommand(int aintId) {
             return SaveFileAs();
         case IDM_FILE_APPLY:
             return ApplyCurrentConfiguration();
+        case IDM_FILE_EXPORT:
+            return ExportSettings();
+        case IDM_FILE_PRINT:
+            return PrintSettings();
         case IDM_FILE_EXIT:
             return ExitApplication();
         case IDM_HELP_CONTENTS:
@@ -401,10 +418,10 @@ void frmMain::ProcessCommandLineSwitches(const std::vector<std::string>& avarArg
         if (found("uid") && net) net->SetNTDomainUserName(value);
         if (found("pwd") && net) net->SetNTDomainPassword(value);
         if (found("save")) SaveConfigurationFile(value);
-        if (found("export")) proc.Log("export: the settings report is not part of this version");
+        if (found("export") && mobjConfig) clsSettings().ExportAllSettings(*mobjConfig, value);
         if (found("apply")) ApplyConfiguration();
         const bool pending = RestartPending();
-        if (found("print")) proc.Log("print: the settings report is not part of this version");
+        if (found("print") && mobjConfig) clsSettings().PrintAllSettings(*mobjConfig);
         const bool force = found("force", false);
         const bool restart = pending || force;
         if (found("prompt") && restart) ShowRestartDialog(mhWnd);
@@ -425,19 +442,7 @@ void frmMain::ProcessCommandLineSwitches(const std::vector<std::string>& avarArg
 void frmMain::DisplayAboutDialog() {
     Procedure proc(kObject, "DisplayAboutDialog");
     proc.Run([&] {
-        auto about = [](HWND dialog, UINT message, WPARAM wParam, LPARAM) -> INT_PTR {
-            if (message == WM_INITDIALOG) {
-                SetDlgItemTextA(dialog, IDC_ABOUT_VERSION,
-                                ("Version " + ProgramVersionText()).c_str());
-                return TRUE;
-            }
-            if (message == WM_COMMAND && (LOWORD(wParam) == IDOK || LOWORD(wParam) == IDCANCEL)) {
-                EndDialog(dialog, LOWORD(wParam));
-                return TRUE;
-            }
-            return FALSE;
-        };
-        DialogBoxParamA(mhInstance, "ABOUTBOX", mhWnd, about, 0);
+        DialogBoxParamA(mhInstance, "ABOUTBOX", mhWnd, AboutProc, 0);
     });
 }
 

@@ -11,7 +11,7 @@ exe=${1:?usage: check-imports.sh EXE [--list]}
 objdump=${OBJDUMP:-i686-w64-mingw32-objdump}
 
 allowed_dlls=" kernel32.dll user32.dll gdi32.dll advapi32.dll comdlg32.dll comctl32.dll"
-allowed_dlls+=" shell32.dll version.dll winspool.drv ws2_32.dll wsock32.dll msvcrt.dll "
+allowed_dlls+=" shell32.dll version.dll winspool.drv wsock32.dll msvcrt.dll "
 
 # Functions that some supported system lacks, with the first systems that have them.
 missing_somewhere="
