@@ -3,7 +3,8 @@
 # Survives an `apt-get update` that fails on one mirror index.
 set -uo pipefail
 packages=(cmake ninja-build googletest g++-mingw-w64-x86-64 g++-mingw-w64-i686
-          binutils-mingw-w64 wine wine64 xvfb xauth imagemagick)
+          binutils-mingw-w64 wine wine64 xvfb xauth imagemagick
+          cups printer-driver-cups-pdf poppler-utils fonts-liberation)
 missing=()
 for p in "${packages[@]}"; do
     dpkg-query -W -f='${Status}' "$p" 2>/dev/null | grep -q "install ok installed" || missing+=("$p")

@@ -82,6 +82,10 @@ class frmMain : public ITabHost {
     // True when an add-in needs a restart.
     bool ApplyConfiguration();
     void RestartDecision(bool ablnAddInRestart);
+    // The settings report of the profile: to a text file chosen by the user,
+    // or to a printer chosen in the Print dialog.
+    void ExportSettings();
+    void PrintSettings();
     void InitializeMenu();
     // False when the user chose to keep the window open.
     bool Form_QueryUnload();

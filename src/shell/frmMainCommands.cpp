@@ -11,6 +11,7 @@
 #include "platform/modUtilities.h"
 #include "profile/clsRwzConfig.h"
 #include "profile/modRestart.h"
+#include "report/clsSettings.h"
 #include "shell/frmMain.h"
 #include "shell/frmMainRes.h"
 #include "shell/frmRestart.h"
@@ -23,6 +24,7 @@ const char kObject[] = "frmMain";
 const char kOptions[] = "Options";
 const char kTitle[] = "Roamwise";
 const char kProfileFilter[] = "Roamwise Files (*.rwz)|*.rwz|All Files (*.*)|*.*";
+const char kReportFilter[] = "Text Files (*.txt)|*.txt|All Files (*.*)|*.*";
 
 // Numbered messages of the file commands.
 enum : int16_t {
@@ -215,6 +217,28 @@ void frmMain::RestartDecision(bool ablnAddInRestart) {
         } else {
             ShowRestartDialog(mhWnd);
         }
+    });
+}
+
+void frmMain::ExportSettings() {
+    Procedure proc(kObject, "ExportSettings");
+    proc.Run([&] {
+        if (!mobjConfig) return;
+        // Offered: the profile's name with ".txt", in the profile's folder.
+        std::string name = clsMRUList::GetFileName(mobjConfig->ConfFile());
+        const size_t dot = name.rfind('.');
+        if (dot != std::string::npos) name.erase(dot);
+        if (name.empty()) name = "Settings";
+        const std::string file = ShowSaveFileDialog(mhWnd, "Export Settings", kReportFilter,
+                                                    ProfileFolder() + "\\" + name + ".txt");
+        if (!file.empty()) clsSettings().ExportAllSettings(*mobjConfig, file);
+    });
+}
+
+void frmMain::PrintSettings() {
+    Procedure proc(kObject, "PrintSettings");
+    proc.Run([&] {
+        if (mobjConfig) clsSettings().PrintAllSettings(*mobjConfig, mhWnd);
     });
 }
 
