@@ -5,27 +5,14 @@
 #include <vector>
 
 #include "platform/PowerControl.h"
+#include "support/RecordingPowerControl.h"
 #include "platform/modAPI.h"
 #include "profile/modRestart.h"
 
 namespace rwz {
 namespace {
 
-// Stands in for the machine going down: records each call.
-class RecordingPowerControl : public IPowerControl {
-public:
-    BOOL EndSession(UINT flags) override {
-        calls.push_back("ExitWindowsEx " + std::to_string(flags));
-        return TRUE;
-    }
-    BOOL SetPowerState(BOOL suspend, BOOL force) override {
-        calls.push_back("SetSystemPowerState " + std::to_string(suspend) + " " +
-                        std::to_string(force));
-        return TRUE;
-    }
-    void EnableShutdownPrivilege() override { calls.push_back("privilege"); }
-    std::vector<std::string> calls;
-};
+using test::RecordingPowerControl;
 
 class RestartTest : public ::testing::Test {
 protected:

@@ -14,6 +14,7 @@
 
 #include "localization/modLocalization.h"
 #include "platform/PowerControl.h"
+#include "support/RecordingPowerControl.h"
 #include "platform/modUtilities.h"
 #include "profile/modRestart.h"
 #include "shell/frmRestart.h"
@@ -22,21 +23,7 @@
 namespace rwz {
 namespace {
 
-// Stands in for the machine going down: records each call.
-class RecordingPowerControl : public IPowerControl {
-  public:
-    BOOL EndSession(UINT flags) override {
-        calls.push_back("ExitWindowsEx " + std::to_string(flags));
-        return TRUE;
-    }
-    BOOL SetPowerState(BOOL suspend, BOOL force) override {
-        calls.push_back("SetSystemPowerState " + std::to_string(suspend) + " " +
-                        std::to_string(force));
-        return TRUE;
-    }
-    void EnableShutdownPrivilege() override { calls.push_back("privilege"); }
-    std::vector<std::string> calls;
-};
+using test::RecordingPowerControl;
 
 std::string Text(HWND window) {
     char text[512] = "";
