@@ -3,11 +3,14 @@
 #include "browsers/InternetExplorerLib.h"
 #include "browsers/NavigatorLib.h"
 #include "browsers/OperaLib.h"
+#include "network/clsNetConfig2K.h"
 #include "platform/modAPI.h"
 
 namespace rwz {
 
 std::unique_ptr<INetConfig> CreateNetConfig(const std::string& astrOSTag) {
+    if (astrOSTag == kOS2K || astrOSTag == kOSXP || astrOSTag == kOS2003)
+        return std::make_unique<clsNetConfig2K>();
     return nullptr;
 }
 

@@ -1,0 +1,1008 @@
+// The Windows 2000/XP/2003 network back end against the simulated machines:
+// what it captures, what an apply writes (and what it leaves alone), the
+// address push, joining a domain or a workgroup with the boxes for refusals,
+// and damaged registries.
+#include <gtest/gtest.h>
+
+#include <memory>
+#include <optional>
+#include <set>
+
+#include "localization/modLocalization.h"
+#include "network/NetworkBench.h"
+#include "network/clsNetConfig2K.h"
+#include "platform/modUtilities.h"
+
+namespace rwz::test {
+namespace {
+
+using Strings = std::vector<std::string>;
+
+std::string TempProfile(const std::string& astrName) {
+    char temp[MAX_PATH];
+    GetTempPathA(MAX_PATH, temp);
+    const std::string path = std::string(temp) + astrName;
+    DeleteFileA(path.c_str());
+    return path;
+}
+
+// The short names of the values that differ: "IPAddress", "Hostname", ...
+std::set<std::string> Changed(const std::map<std::string, StoredValue>& before,
+                              const std::map<std::string, StoredValue>& after) {
+    std::set<std::string> names;
+    for (const auto& value : after)
+        if (!(before.at(value.first) == value.second))
+            names.insert(value.first.substr(value.first.find_last_of('\\') + 1));
+    return names;
+}
+
+class NetConfig2KTest : public ::testing::Test {
+  protected:
+    void Load(const char* astrMachine) {
+        mMachine.emplace(LoadMachine(astrMachine));
+        mServices.Like(*mMachine);
+    }
+
+    std::unique_ptr<clsNetConfig2K> Capture() {
+        auto config = std::make_unique<clsNetConfig2K>();
+        config->LoadConfiguration();
+        mServices.ClearCalls();
+        return config;
+    }
+
+    // Applies with the dialog watcher answering every box; the boxes' texts.
+    Strings Apply(clsNetConfig2K& aConfig) {
+        bench::DialogWatch watch;
+        aConfig.ApplyConfiguration();
+        Strings texts;
+        for (const bench::DialogRecord& box : watch.Stop().dialogs) {
+            EXPECT_EQ("Roamwise", box.title);
+            texts.push_back(box.text);
+        }
+        return texts;
+    }
+
+    RecordingServices mServices;
+    std::optional<bench::Machine> mMachine;
+};
+
+// --- Capture -------------------------------------------------------------------
+
+struct Captured {
+    const char* Machine;
+    Strings Adapters;
+    int Current;
+    Strings IPAddress, IPMask;
+    std::string Gateway, DNS;
+    bool DNSEnabled, DHCP;
+    std::string WINS1, WINS2;
+    std::string Computer, Description, Workgroup;
+    bool NTLogon;
+    std::string NTDomain, Domain, Host, SearchList, ScopeID;
+    Strings Printers;
+    std::string DefaultPrinter, Port;
+};
+
+class NetConfig2KCapture : public NetConfig2KTest,
+                           public ::testing::WithParamInterface<Captured> {};
+
+TEST_P(NetConfig2KCapture, ReadsEverySettingOfTheMachine) {
+    const Captured& x = GetParam();
+    Load(x.Machine);
+    const auto config = Capture();
+    EXPECT_EQ(x.Adapters, config->AdapterList());
+    EXPECT_EQ(x.Current, config->CurrentAdapter());
+    EXPECT_EQ(NulList(x.IPAddress), config->IPAddress());
+    EXPECT_EQ(NulList(x.IPMask), config->IPMask());
+    EXPECT_EQ(x.Gateway, config->DefaultGateway());
+    EXPECT_EQ(x.DNS, config->DNSServers());
+    EXPECT_EQ(x.DNSEnabled, config->DNSEnabled());
+    EXPECT_EQ(x.DHCP, config->DHCPEnabled());
+    EXPECT_EQ(x.WINS1, config->WINSServer1());
+    EXPECT_EQ(x.WINS2, config->WINSServer2());
+    // Captured before the servers are read: reflects the empty record.
+    EXPECT_FALSE(config->WINSEnabled());
+    EXPECT_EQ(x.Computer, config->ComputerName());
+    EXPECT_EQ(x.Description, config->ComputerDescription());
+    EXPECT_EQ(x.Workgroup, config->Workgroup());
+    EXPECT_EQ(x.NTLogon, config->NTLogonEnabled());
+    EXPECT_EQ(x.NTDomain, config->NTDomain());
+    EXPECT_EQ(x.Domain, config->DomainName());
+    EXPECT_EQ(x.Host, config->Host());
+    EXPECT_EQ(x.SearchList, config->SearchList());
+    EXPECT_EQ(x.ScopeID, config->ScopeID());
+    EXPECT_EQ("", config->LMHostFile());
+    EXPECT_EQ(x.Printers, config->printerList());
+    EXPECT_EQ(x.DefaultPrinter, config->DefaultPrinter());
+    EXPECT_EQ(x.Port, config->PrinterPort());
+    EXPECT_FALSE(config->ResetRequired());
+    for (int setting = 0; setting < static_cast<int>(NetSetting::Count); ++setting)
+        EXPECT_FALSE(config->IsChanged(static_cast<NetSetting>(setting))) << setting;
+}
+
+const std::string k3Com = "3Com EtherLink XL 90XB/C Adapter Driver";
+
+INSTANTIATE_TEST_SUITE_P(
+    Machines, NetConfig2KCapture,
+    ::testing::Values(
+        Captured{"xp-laptop",
+                 {"Local Area Connection", "Wireless Network Connection"},
+                 0,
+                 {"192.168.101.5", "192.168.101.6"},
+                 {"255.255.255.0", "255.255.255.0"},
+                 "192.168.101.1",
+                 "192.168.101.2,192.168.101.3",
+                 true,
+                 false,
+                 "192.168.101.4",
+                 "192.168.101.7",
+                 "LAPTOP1",
+                 "Field laptop",
+                 "WORKGROUP",
+                 false,
+                 "",
+                 "",
+                 "laptop1",
+                 "",
+                 "",
+                 {"EPSON Stylus C84 Series", "HP LaserJet 4050 Series PCL"},
+                 "HP LaserJet 4050 Series PCL",
+                 "IP_192.168.101.20"},
+        Captured{"win2k-pro",
+                 {k3Com, k3Com},
+                 0,
+                 {"10.1.4.27"},
+                 {"255.255.0.0"},
+                 "10.1.0.1",
+                 "10.1.0.5,10.1.0.6",
+                 true,
+                 false,
+                 "",
+                 "",
+                 "ACCT-PC07",
+                 "",
+                 "",
+                 true,
+                 "NORTHWIND",
+                 "northwind.lan",
+                 "acct-pc07",
+                 "northwind.lan,corp.northwind.lan",
+                 "ACCOUNTS",
+                 {},
+                 "",
+                 ""},
+        Captured{"win2003-server",
+                 {"Server LAN"},
+                 0,
+                 {"10.1.0.20"},
+                 {"255.255.0.0"},
+                 "10.1.0.1",
+                 "10.1.0.5,10.1.0.6",
+                 true,
+                 false,
+                 "10.1.0.5",
+                 "",
+                 "NWFS01",
+                 "Northwind file and print server",
+                 "",
+                 true,
+                 "NORTHWIND",
+                 "northwind.lan",
+                 "nwfs01",
+                 "",
+                 "",
+                 {"Accounts LaserJet"},
+                 "Accounts LaserJet",
+                 "IP_10.1.0.40"},
+        Captured{"xp-no-network", {},    -1, {}, {},      "", "", false, false, "", "", "KIOSK", "",
+                 "WORKGROUP",     false, "", "", "kiosk", "", "", {},    "",    ""}),
+    [](const ::testing::TestParamInfo<Captured>& info) {
+        std::string name = info.param.Machine;
+        for (char& c : name)
+            if (c == '-') c = '_';
+        return name;
+    });
+
+TEST_F(NetConfig2KTest, OpensOnTheAdapterAppliedLastTheLaterOfTwoEqualNames) {
+    Load("win2k-pro");
+    SaveProgramSetting(kProductName, "Options", "LastNICApplied", k3Com);
+    auto config = Capture();
+    EXPECT_EQ(1, config->CurrentAdapter());
+    // The second card is on DHCP, unplugged.
+    EXPECT_TRUE(config->DHCPEnabled());
+    EXPECT_EQ("0.0.0.0", config->IPAddress());
+    EXPECT_FALSE(config->DNSEnabled());
+}
+
+TEST_F(NetConfig2KTest, SelectingAnAdapterRereadsItsSettingsAndItsType) {
+    Load("xp-laptop");
+    auto config = Capture();
+    EXPECT_EQ("LAN", config->CurrentAdapterType());
+    config->SetCurrentAdapter(1);
+    EXPECT_EQ("Wireless", config->CurrentAdapterType());
+    EXPECT_EQ("0.0.0.0", config->IPAddress());
+    EXPECT_EQ("", config->DefaultGateway());
+    EXPECT_TRUE(config->DHCPEnabled());
+    EXPECT_FALSE(config->DNSEnabled());
+    EXPECT_EQ("", config->WINSServer1());
+    EXPECT_FALSE(config->WINSEnabled());
+    // Selecting reads the servers before WINS is judged.
+    config->SetCurrentAdapter(0);
+    EXPECT_TRUE(config->WINSEnabled());
+    EXPECT_EQ("192.168.101.7", config->WINSServer2());
+    EXPECT_FALSE(config->IsChanged(NetSetting::IPAddress));
+}
+
+// --- Damaged adapter data ----------------------------------------------------------
+
+TEST_F(NetConfig2KTest, AdapterValuesMissingReadAsEmpty) {
+    Load("xp-laptop");
+    for (const char* value :
+         {"IPAddress", "SubnetMask", "DefaultGateway", "EnableDHCP", "NameServer"})
+        DeleteStored(HKEY_LOCAL_MACHINE, InterfaceKey(kLaptopWired), value);
+    DeleteStored(HKEY_LOCAL_MACHINE, NetBTInterfaceKey(kLaptopWired), "NameServerList");
+    auto config = Capture();
+    EXPECT_EQ("", config->IPAddress());
+    EXPECT_EQ("", config->IPMask());
+    EXPECT_EQ("", config->DefaultGateway());
+    EXPECT_FALSE(config->DHCPEnabled());
+    EXPECT_FALSE(config->DNSEnabled());
+    EXPECT_EQ("", config->WINSServer1());
+    EXPECT_EQ("Field laptop", config->ComputerDescription());  // the rest is read
+}
+
+TEST_F(NetConfig2KTest, AdapterValuesOfTheWrongTypeAreReadWhereTheyMakeSense) {
+    Load("xp-laptop");
+    WriteStored(HKEY_LOCAL_MACHINE, InterfaceKey(kLaptopWired), "IPAddress", REG_DWORD,
+                {5, 0, 0, 10});
+    WriteStoredText(HKEY_LOCAL_MACHINE, InterfaceKey(kLaptopWired), "EnableDHCP", "1");
+    WriteStored(HKEY_LOCAL_MACHINE, InterfaceKey(kLaptopWired), "NameServer", REG_BINARY, {1, 2});
+    WriteStoredText(HKEY_LOCAL_MACHINE, NetBTInterfaceKey(kLaptopWired), "NameServerList",
+                    "10.0.0.9");
+    auto config = Capture();
+    EXPECT_EQ("", config->IPAddress());
+    EXPECT_TRUE(config->DHCPEnabled());
+    EXPECT_EQ("", config->DNSServers());
+    EXPECT_FALSE(config->DNSEnabled());
+    EXPECT_EQ("10.0.0.9", config->WINSServer1());
+    EXPECT_EQ("", config->WINSServer2());
+}
+
+// --- Profiles ------------------------------------------------------------------------
+
+class NetConfig2KRoundTrip : public NetConfig2KTest,
+                             public ::testing::WithParamInterface<const char*> {};
+
+TEST_P(NetConfig2KRoundTrip, AProfileSavedFromTheMachineReadsBackIntoTheSameRecord) {
+    Load(GetParam());
+    auto saved = Capture();
+    saved->SetNTDomainUserName("jsmith");
+    saved->SetNTDomainPassword("pa55, word");
+    const std::string file = TempProfile("roundtrip.rwz");
+    saved->SaveConfigurationfile(file);
+
+    auto read = Capture();
+    read->SetIPAddress("9.9.9.9");
+    read->SetIPMask("255.0.0.0");
+    INetConfig& record = *read;
+    for (void (INetConfig::*setter)(const std::string&) :
+         {&INetConfig::SetDefaultGateway, &INetConfig::SetDNSServers, &INetConfig::SetHost,
+          &INetConfig::SetDomainName, &INetConfig::SetSearchList, &INetConfig::SetWINSServer1,
+          &INetConfig::SetWINSServer2, &INetConfig::SetScopeID, &INetConfig::SetComputerName,
+          &INetConfig::SetComputerDescription, &INetConfig::SetWorkgroup, &INetConfig::SetNTDomain,
+          &INetConfig::SetDefaultPrinter, &INetConfig::SetPrinterPort})
+        (record.*setter)("junk");
+    read->SetDNSEnabled(!saved->DNSEnabled());
+    read->SetNTLogonEnabled(!saved->NTLogonEnabled());
+    read->SetDHCPEnabled(!saved->DHCPEnabled());
+    read->SetWINSEnabled(!saved->WINSEnabled());
+    read->SetEnableDefaultPrinter(!saved->EnableDefaultPrinter());
+    read->LoadConfigurationFile(file);
+
+    // Two equal names pick the later adapter: the same name, perhaps another index.
+    const Strings adapters = read->AdapterList();
+    if (saved->CurrentAdapter() < 0) {
+        EXPECT_EQ(-1, read->CurrentAdapter());
+    } else {
+        EXPECT_EQ(saved->AdapterList()[saved->CurrentAdapter()], adapters[read->CurrentAdapter()]);
+    }
+    // An empty list is saved as "0.0.0.0".
+    auto saving = [](const std::string& list) { return list.empty() ? "0.0.0.0" : list; };
+    EXPECT_EQ(saving(saved->IPAddress()), read->IPAddress());
+    EXPECT_EQ(saving(saved->IPMask()), read->IPMask());
+    EXPECT_EQ(saved->DefaultGateway(), read->DefaultGateway());
+    EXPECT_EQ(saved->DNSServers(), read->DNSServers());
+    EXPECT_EQ(saved->Host(), read->Host());
+    EXPECT_EQ(saved->DomainName(), read->DomainName());
+    EXPECT_EQ(saved->SearchList(), read->SearchList());
+    EXPECT_EQ(saved->WINSServer1(), read->WINSServer1());
+    EXPECT_EQ(saved->WINSServer2(), read->WINSServer2());
+    EXPECT_EQ(saved->ScopeID(), read->ScopeID());
+    EXPECT_EQ(saved->ComputerName(), read->ComputerName());
+    EXPECT_EQ(saved->ComputerDescription(), read->ComputerDescription());
+    EXPECT_EQ(saved->Workgroup(), read->Workgroup());
+    EXPECT_EQ(saved->NTLogonEnabled(), read->NTLogonEnabled());
+    EXPECT_EQ(saved->NTDomain(), read->NTDomain());
+    EXPECT_EQ("jsmith", read->NTDomainUserName());
+    EXPECT_EQ("pa55, word", read->NTDomainPassword());
+    EXPECT_EQ(saved->DNSEnabled(), read->DNSEnabled());
+    EXPECT_EQ(saved->DHCPEnabled(), read->DHCPEnabled());
+    EXPECT_EQ(saved->WINSEnabled(), read->WINSEnabled());
+    EXPECT_EQ(saved->DefaultPrinter(), read->DefaultPrinter());
+    EXPECT_EQ(saved->PrinterPort(), read->PrinterPort());
+    EXPECT_EQ(saved->EnableDefaultPrinter(), read->EnableDefaultPrinter());
+    EXPECT_EQ("", read->LMHostFile());
+}
+
+INSTANTIATE_TEST_SUITE_P(Machines, NetConfig2KRoundTrip,
+                         ::testing::Values("xp-laptop", "win2k-pro", "win2003-server",
+                                           "xp-no-network"),
+                         [](const ::testing::TestParamInfo<const char*>& info) {
+                             std::string name = info.param;
+                             for (char& c : name)
+                                 if (c == '-') c = '_';
+                             return name;
+                         });
+
+struct AdapterChoice {
+    bool ShowDisabled;
+    const char* Value;
+    int Chosen;
+};
+
+struct MachineChoices {
+    const char* Machine;
+    std::vector<AdapterChoice> Choices;
+};
+
+class NetConfig2KAdapterChoice : public NetConfig2KTest,
+                                 public ::testing::WithParamInterface<MachineChoices> {};
+
+TEST_P(NetConfig2KAdapterChoice, TheProfilesAdapterValuePicksTheAdapter) {
+    Load(GetParam().Machine);
+    const std::string file = TempProfile("adapter.rwz");
+    for (const AdapterChoice& choice : GetParam().Choices) {
+        SCOPED_TRACE(choice.Value);
+        SaveProgramSetting(kProductName, "Options", "ShowDisabledNICS",
+                           choice.ShowDisabled ? "1" : "0");
+        auto config = Capture();
+        WritePrivateProfileStringA("Network", "Adapter", choice.Value, file.c_str());
+        config->LoadConfigurationFile(file);
+        EXPECT_EQ(choice.Chosen, config->CurrentAdapter());
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Machines, NetConfig2KAdapterChoice,
+    ::testing::Values(MachineChoices{"xp-laptop",
+                                     {{false, "Wireless Network Connection", 1},
+                                      {false, "{*Wireless*}", 1},
+                                      {false, "{Local*}", 0},
+                                      {false, "index:1", 1},
+                                      {false, "INDEX:1", 1},
+                                      {false, "index:9", 0},
+                                      {false, "1394 Connection (Disabled)", 0},
+                                      {true, "1394 Connection (Disabled)", 2},
+                                      {true, "{1394*}", 2}}},
+                      MachineChoices{"win2k-pro",
+                                     {{false, "3Com EtherLink XL 90XB/C Adapter Driver", 1},
+                                      {false, "{3Com*}", 0}}},
+                      MachineChoices{"win2003-server",
+                                     {{true, "index:1", 1}, {false, "index:1", 0}}},
+                      MachineChoices{"xp-no-network", {{true, "index:0", -1}}}),
+    [](const ::testing::TestParamInfo<MachineChoices>& info) {
+        std::string name = info.param.Machine;
+        for (char& c : name)
+            if (c == '-') c = '_';
+        return name;
+    });
+
+TEST_F(NetConfig2KTest, WithoutAdaptersTheProfileSaysSo) {
+    Load("xp-no-network");
+    auto config = Capture();
+    const std::string file = TempProfile("none.rwz");
+    config->SaveConfigurationfile(file);
+    char value[256] = {};
+    GetPrivateProfileStringA("Network", "Adapter", "", value, sizeof value, file.c_str());
+    EXPECT_STREQ("No Adapters Installed", value);
+    GetPrivateProfileStringA("Network", "IPAddress", "", value, sizeof value, file.c_str());
+    EXPECT_STREQ("0.0.0.0", value);
+}
+
+// --- Apply: what is written, and nothing else --------------------------------------------
+
+struct SettingCase {
+    const char* Name;
+    void (*Assign)(clsNetConfig2K&);
+    std::set<std::string> Written;
+    Strings Calls;
+};
+
+class NetConfig2KApplyOne : public NetConfig2KTest,
+                            public ::testing::WithParamInterface<SettingCase> {};
+
+TEST_P(NetConfig2KApplyOne, WritesTheFlaggedSettingOnly) {
+    Load("xp-laptop");
+    auto config = Capture();
+    const auto before = WritableValues(kLaptopWired);
+    const auto wirelessBefore = WritableValues(kLaptopWireless);
+    GetParam().Assign(*config);
+    EXPECT_TRUE(Apply(*config).empty());
+    EXPECT_EQ(GetParam().Written, Changed(before, WritableValues(kLaptopWired)));
+    // The other adapter's values stay as they were.
+    for (const std::string& name : Changed(wirelessBefore, WritableValues(kLaptopWireless)))
+        EXPECT_TRUE(GetParam().Written.count(name)) << name;
+    EXPECT_EQ(GetParam().Calls, mServices.Functions());
+    EXPECT_FALSE(config->ResetRequired());
+}
+
+const Strings kTwoPushes = {"DhcpNotifyConfigChange", "DhcpNotifyConfigChange"};
+const Strings kJoin = {"NetUnjoinDomain", "NetJoinDomain"};
+
+INSTANTIATE_TEST_SUITE_P(
+    Settings, NetConfig2KApplyOne,
+    ::testing::Values(
+        SettingCase{"Nothing", [](clsNetConfig2K&) {}, {}, {}},
+        SettingCase{"IPAddress",
+                    [](clsNetConfig2K& c) {
+                        c.SetIPAddress(NulList({"10.0.0.5", "10.0.0.6"}));
+                    },
+                    {"IPAddress"},
+                    kTwoPushes},
+        SettingCase{"IPMask",
+                    [](clsNetConfig2K& c) {
+                        c.SetIPMask(NulList({"255.0.0.0", "255.255.0.0"}));
+                    },
+                    {"SubnetMask"},
+                    kTwoPushes},
+        SettingCase{"DefaultGateway",
+                    [](clsNetConfig2K& c) { c.SetDefaultGateway("10.0.0.1,10.0.0.254"); },
+                    {"DefaultGateway"},
+                    {}},
+        SettingCase{
+            "DHCPEnabled", [](clsNetConfig2K& c) { c.SetDHCPEnabled(true); }, {"EnableDHCP"}, {}},
+        SettingCase{"DNSServers",
+                    [](clsNetConfig2K& c) { c.SetDNSServers("10.0.0.2,10.0.0.3"); },
+                    {"NameServer"},
+                    {}},
+        SettingCase{"WINSServer2",
+                    [](clsNetConfig2K& c) { c.SetWINSServer2("10.0.0.9"); },
+                    {"NameServerList"},
+                    {}},
+        SettingCase{"ScopeID", [](clsNetConfig2K& c) { c.SetScopeID("SCOPE"); }, {"ScopeID"}, {}},
+        SettingCase{"SearchList",
+                    [](clsNetConfig2K& c) { c.SetSearchList("a.lan,b.lan"); },
+                    {"SearchList"},
+                    {}},
+        SettingCase{"ComputerName",
+                    [](clsNetConfig2K& c) { c.SetComputerName("ROAMER"); },
+                    {"ComputerName"},
+                    {}},
+        // The system derives the NetBIOS name from the physical DNS host name.
+        SettingCase{"Host",
+                    [](clsNetConfig2K& c) { c.SetHost("roamer"); },
+                    {"Hostname", "ComputerName"},
+                    {"SetComputerNameExA"}},
+        SettingCase{"DomainName",
+                    [](clsNetConfig2K& c) { c.SetDomainName("office.lan"); },
+                    {"Domain"},
+                    {"SetComputerNameExA"}},
+        SettingCase{"ComputerDescription",
+                    [](clsNetConfig2K& c) { c.SetComputerDescription("Spare laptop"); },
+                    {},
+                    {"NetServerSetInfo"}},
+        SettingCase{"Workgroup", [](clsNetConfig2K& c) { c.SetWorkgroup("HOME"); }, {}, kJoin},
+        SettingCase{"NTDomain",
+                    [](clsNetConfig2K& c) {
+                        c.SetNTLogonEnabled(true);
+                        c.SetNTDomain("NORTHWIND");
+                        c.SetWorkgroup("");  // ignored while joining a domain
+                    },
+                    {},
+                    kJoin},
+        SettingCase{"DefaultPrinter",
+                    [](clsNetConfig2K& c) { c.SetDefaultPrinter("EPSON Stylus C84 Series"); },
+                    {"Device"},
+                    {}},
+        SettingCase{"SettingsWithoutEffect",
+                    [](clsNetConfig2K& c) {
+                        c.SetLMHostFile("C:\\lmhosts");
+                        c.SetDNSEnabled(false);
+                        c.SetNTLogonEnabled(false);
+                        c.SetPrinterPort("LPT2:");
+                    },
+                    {},
+                    {}}),
+    [](const ::testing::TestParamInfo<SettingCase>& info) { return std::string(info.param.Name); });
+
+TEST_F(NetConfig2KTest, WritesAddressListsAsMultiStringsAndPushesEachAddressOnce) {
+    Load("xp-laptop");
+    auto config = Capture();
+    config->SetIPAddress(NulList({"10.0.0.5", "10.0.0.6"}));
+    config->SetIPMask(NulList({"255.255.255.0", "255.255.0.0"}));
+    config->SetDefaultGateway("10.0.0.1,10.0.0.254");
+    EXPECT_TRUE(Apply(*config).empty());
+
+    const StoredValue address =
+        ReadStored(HKEY_LOCAL_MACHINE, InterfaceKey(kLaptopWired), "IPAddress");
+    EXPECT_EQ(static_cast<DWORD>(REG_MULTI_SZ), address.Type);
+    EXPECT_EQ((Strings{"10.0.0.5", "10.0.0.6"}), address.Entries());
+    const StoredValue mask =
+        ReadStored(HKEY_LOCAL_MACHINE, InterfaceKey(kLaptopWired), "SubnetMask");
+    EXPECT_EQ(static_cast<DWORD>(REG_MULTI_SZ), mask.Type);
+    EXPECT_EQ((Strings{"255.255.255.0", "255.255.0.0"}), mask.Entries());
+    const StoredValue gateway =
+        ReadStored(HKEY_LOCAL_MACHINE, InterfaceKey(kLaptopWired), "DefaultGateway");
+    EXPECT_EQ(static_cast<DWORD>(REG_MULTI_SZ), gateway.Type);
+    EXPECT_EQ((Strings{"10.0.0.1", "10.0.0.254"}), gateway.Entries());
+
+    // Addresses and masks changed together: one push, one call per address.
+    const auto pushes = mServices.Calls("DhcpNotifyConfigChange");
+    ASSERT_EQ(2u, pushes.size());
+    for (size_t i = 0; i < 2; ++i) {
+        EXPECT_EQ("", pushes[i]["server"]);
+        EXPECT_EQ(kLaptopWired, pushes[i]["adapter"]);
+        EXPECT_EQ("1", pushes[i]["new"]);
+        EXPECT_EQ(std::to_string(i), pushes[i]["index"]);
+        EXPECT_EQ("0", pushes[i]["action"]);
+    }
+    EXPECT_EQ("10.0.0.5", pushes[0]["address"]);
+    EXPECT_EQ("255.255.255.0", pushes[0]["mask"]);
+    EXPECT_EQ("10.0.0.6", pushes[1]["address"]);
+    EXPECT_EQ("255.255.0.0", pushes[1]["mask"]);
+
+    // A later apply pushes again.
+    mServices.ClearCalls();
+    config->SetIPAddress(NulList({"10.0.0.7"}));
+    Apply(*config);
+    ASSERT_EQ(1u, mServices.Calls("DhcpNotifyConfigChange").size());
+    EXPECT_EQ("10.0.0.7", mServices.Calls("DhcpNotifyConfigChange")[0]["address"]);
+}
+
+struct AddressCase {
+    const char* Name;
+    std::string Addresses, Masks;
+    Strings WrittenAddresses, WrittenMasks;
+    Strings Pushed;  // "address/mask" per call, indexes counting from 0
+};
+
+class NetConfig2KAddresses : public NetConfig2KTest,
+                             public ::testing::WithParamInterface<AddressCase> {};
+
+TEST_P(NetConfig2KAddresses, BadListsAreWrittenCleanAndTheApplyGoesOn) {
+    const AddressCase& x = GetParam();
+    Load("xp-laptop");
+    auto config = Capture();
+    config->SetIPAddress(x.Addresses);
+    config->SetIPMask(x.Masks);
+    config->SetSearchList("after.lan");
+    EXPECT_TRUE(Apply(*config).empty());
+    EXPECT_EQ(x.WrittenAddresses,
+              ReadStored(HKEY_LOCAL_MACHINE, InterfaceKey(kLaptopWired), "IPAddress").Entries());
+    EXPECT_EQ(x.WrittenMasks,
+              ReadStored(HKEY_LOCAL_MACHINE, InterfaceKey(kLaptopWired), "SubnetMask").Entries());
+    Strings pushed;
+    for (const bench::StandInCall& call : mServices.Calls("DhcpNotifyConfigChange"))
+        pushed.push_back(call["index"] + ":" + call["address"] + "/" + call["mask"]);
+    EXPECT_EQ(x.Pushed, pushed);
+    EXPECT_EQ("after.lan", ReadStored(HKEY_LOCAL_MACHINE, kTcpipParameters, "SearchList").Text());
+}
+
+const std::string kNul(1, '\0');
+
+INSTANTIATE_TEST_SUITE_P(
+    Lists, NetConfig2KAddresses,
+    ::testing::Values(AddressCase{"Empty", "", "", {"0.0.0.0"}, {"0.0.0.0"}, {}},
+                      AddressCase{"BlanksAndEmptyEntries",
+                                  " 10.0.0.5 " + kNul + kNul + "10.0.0.6,",
+                                  "255.0.0.0" + kNul + " 255.255.0.0",
+                                  {"10.0.0.5", "10.0.0.6"},
+                                  {"255.0.0.0", "255.255.0.0"},
+                                  {"0:10.0.0.5/255.0.0.0", "1:10.0.0.6/255.255.0.0"}},
+                      AddressCase{"MoreMasksThanAddresses",
+                                  "10.0.0.5",
+                                  NulList({"255.0.0.0", "255.255.0.0"}),
+                                  {"10.0.0.5"},
+                                  {"255.0.0.0", "255.255.0.0"},
+                                  {"0:10.0.0.5/255.0.0.0"}},
+                      AddressCase{"FewerMasksThanAddresses",
+                                  NulList({"10.0.0.5", "10.0.0.6"}),
+                                  "255.0.0.0",
+                                  {"10.0.0.5", "10.0.0.6"},
+                                  {"255.0.0.0"},
+                                  {"0:10.0.0.5/255.0.0.0"}},
+                      AddressCase{"NoMasks",
+                                  NulList({"10.0.0.5", "10.0.0.6"}),
+                                  "",
+                                  {"10.0.0.5", "10.0.0.6"},
+                                  {"0.0.0.0"},
+                                  {}},
+                      AddressCase{"NotAnAddress",
+                                  NulList({"10.0.0.5", "ten.0.0.6"}),
+                                  NulList({"255.0.0.0", "255.0.0.0"}),
+                                  {"10.0.0.5", "ten.0.0.6"},
+                                  {"255.0.0.0", "255.0.0.0"},
+                                  {"0:10.0.0.5/255.0.0.0"}}),
+    [](const ::testing::TestParamInfo<AddressCase>& info) { return std::string(info.param.Name); });
+
+TEST_F(NetConfig2KTest, WritesDhcpNameServersAndWinsInTheirForms) {
+    Load("xp-laptop");
+    auto config = Capture();
+    config->SetDHCPEnabled(true);
+    config->SetDNSServers("10.0.0.2,10.0.0.3");
+    config->SetWINSServer1("");
+    config->SetWINSServer2("10.0.0.9");
+    EXPECT_TRUE(Apply(*config).empty());
+
+    const StoredValue dhcp =
+        ReadStored(HKEY_LOCAL_MACHINE, InterfaceKey(kLaptopWired), "EnableDHCP");
+    EXPECT_EQ(static_cast<DWORD>(REG_DWORD), dhcp.Type);
+    EXPECT_EQ(1u, dhcp.Number());
+    const StoredValue dns =
+        ReadStored(HKEY_LOCAL_MACHINE, InterfaceKey(kLaptopWired), "NameServer");
+    EXPECT_EQ(static_cast<DWORD>(REG_SZ), dns.Type);
+    EXPECT_EQ("10.0.0.2,10.0.0.3", dns.Text());
+    // An empty primary server would hide the secondary one.
+    const StoredValue wins =
+        ReadStored(HKEY_LOCAL_MACHINE, NetBTInterfaceKey(kLaptopWired), "NameServerList");
+    EXPECT_EQ(static_cast<DWORD>(REG_MULTI_SZ), wins.Type);
+    EXPECT_EQ(Strings{"10.0.0.9"}, wins.Entries());
+}
+
+TEST_F(NetConfig2KTest, SwitchingWinsWritesTheServersAndTheScopeOfTheRecord) {
+    Load("xp-laptop");
+    auto config = Capture();
+    // Straight into the record, unflagged, as a profile puts them.
+    const std::string file = TempProfile("wins.rwz");
+    WritePrivateProfileStringA("Network", "NameServer1", "10.9.9.1", file.c_str());
+    WritePrivateProfileStringA("Network", "NameServer2", "10.9.9.2", file.c_str());
+    WritePrivateProfileStringA("Network", "ScopeID", "FIELD", file.c_str());
+    config->LoadConfigurationFile(file);
+    EXPECT_FALSE(config->IsChanged(NetSetting::WINSServer1));
+
+    config->SetWINSEnabled(true);
+    EXPECT_TRUE(config->ResetRequired());
+    EXPECT_TRUE(config->IsChanged(NetSetting::WINSServer1));
+    EXPECT_TRUE(config->IsChanged(NetSetting::WINSServer2));
+    EXPECT_TRUE(config->IsChanged(NetSetting::ScopeID));
+    EXPECT_TRUE(Apply(*config).empty());
+    EXPECT_FALSE(config->ResetRequired());
+    EXPECT_EQ((Strings{"10.9.9.1", "10.9.9.2"}),
+              ReadStored(HKEY_LOCAL_MACHINE, NetBTInterfaceKey(kLaptopWired), "NameServerList")
+                  .Entries());
+    EXPECT_EQ("FIELD", ReadStored(HKEY_LOCAL_MACHINE, kNetBTParameters, "ScopeID").Text());
+}
+
+TEST_F(NetConfig2KTest, OnlyDhcpAndWinsChangesNeedARestart) {
+    Load("xp-laptop");
+    auto config = Capture();
+    config->SetIPAddress("10.0.0.5");
+    config->SetComputerName("ROAMER");
+    EXPECT_FALSE(config->ResetRequired());
+    config->SetDHCPEnabled(false);  // also when the value stays
+    EXPECT_TRUE(config->ResetRequired());
+    config->ResetFlags();
+    EXPECT_FALSE(config->ResetRequired());
+    EXPECT_FALSE(config->IsChanged(NetSetting::IPAddress));
+}
+
+TEST_F(NetConfig2KTest, AppliesToTheAdapterTheProfileChose) {
+    Load("xp-laptop");
+    auto config = Capture();
+    const std::string file = TempProfile("wireless.rwz");
+    WritePrivateProfileStringA("Network", "Adapter", "{*Wireless*}", file.c_str());
+    WritePrivateProfileStringA("Network", "IPAddress", "10.0.0.23", file.c_str());
+    WritePrivateProfileStringA("Network", "IPMask", "255.255.255.0", file.c_str());
+    config->LoadConfigurationFile(file);
+    const auto wiredBefore = WritableValues(kLaptopWired);
+    config->SetIPAddress(config->IPAddress());
+    EXPECT_TRUE(Apply(*config).empty());
+    EXPECT_EQ(Strings{"10.0.0.23"},
+              ReadStored(HKEY_LOCAL_MACHINE, InterfaceKey(kLaptopWireless), "IPAddress").Entries());
+    EXPECT_TRUE(Changed(wiredBefore, WritableValues(kLaptopWired)).empty());
+    ASSERT_EQ(1u, mServices.Calls("DhcpNotifyConfigChange").size());
+    EXPECT_EQ(kLaptopWireless, mServices.Calls("DhcpNotifyConfigChange")[0]["adapter"]);
+}
+
+TEST_F(NetConfig2KTest, WithoutAnAdapterOrItsKeyTheAdapterSettingsArePassedOver) {
+    for (const char* machine : {"xp-no-network", "xp-laptop"}) {
+        SCOPED_TRACE(machine);
+        Load(machine);
+        DeleteKeyTree(HKEY_LOCAL_MACHINE, InterfaceKey(kLaptopWired));
+        auto config = Capture();
+        mServices.ClearCalls();
+        config->SetIPAddress("10.0.0.5");
+        config->SetDHCPEnabled(true);
+        config->SetDefaultGateway("10.0.0.1");
+        config->SetSearchList("after.lan");
+        EXPECT_TRUE(Apply(*config).empty());
+        HKEY key = nullptr;
+        EXPECT_NE(ERROR_SUCCESS,
+                  RegOpenKeyExA(HKEY_LOCAL_MACHINE, InterfaceKey(kLaptopWired).c_str(), 0, KEY_READ,
+                                &key));
+        HKEY interfaces = nullptr;
+        if (RegOpenKeyExA(HKEY_LOCAL_MACHINE,
+                          (std::string(kTcpipParameters) + "\\Interfaces").c_str(), 0, KEY_READ,
+                          &interfaces) == ERROR_SUCCESS) {
+            DWORD values = 0;
+            RegQueryInfoKeyA(interfaces, nullptr, nullptr, nullptr, nullptr, nullptr, nullptr,
+                             &values, nullptr, nullptr, nullptr, nullptr);
+            EXPECT_EQ(0u, values) << "written into the Interfaces key itself";
+            RegCloseKey(interfaces);
+        }
+        EXPECT_EQ("after.lan",
+                  ReadStored(HKEY_LOCAL_MACHINE, kTcpipParameters, "SearchList").Text());
+    }
+}
+
+TEST_F(NetConfig2KTest, AppliesInTheFixedOrderAndLogsWhatItDid) {
+    Load("xp-laptop");
+    auto config = Capture();
+    config->SetSearchList("a.lan");
+    config->SetDNSEnabled(true);
+    config->SetScopeID("");
+    config->SetWINSServer2("10.0.0.9");
+    config->SetWINSServer1("10.0.0.8");
+    config->SetWINSEnabled(true);
+    config->SetDNSServers("10.0.0.2");
+    config->SetLMHostFile("");
+    config->SetIPMask("255.0.0.0");
+    config->SetIPAddress("10.0.0.5");
+    config->SetDefaultGateway("10.0.0.1");
+    config->SetDHCPEnabled(false);
+    config->SetHost("roamer");
+    config->SetDomainName("office.lan");
+    config->SetWorkgroup("HOME");
+    config->SetNTDomain("NORTHWIND");
+    config->SetNTLogonEnabled(false);
+    config->SetComputerDescription("Spare");
+    config->SetComputerName("ROAMER");
+    config->SetDefaultPrinter("EPSON Stylus C84 Series");
+    LogWatch log;
+    EXPECT_TRUE(Apply(*config).empty());
+
+    Strings operations;
+    for (const std::string& line : log.Lines()) {
+        const std::string head = "clsNetConfig2K - Set";
+        if (line.rfind(head, 0) == 0 &&
+            line.find_first_of(" :=[", head.size()) == std::string::npos)
+            operations.push_back(line.substr(17));
+    }
+    EXPECT_EQ((Strings{"SetComputerName",   "SetComputerDescription",
+                       "SetNTLogon",        "SetNTDomain",
+                       "SetWorkgroup",      "SetDomain",
+                       "SetHost",           "SetDHCPEnabled",
+                       "SetDefaultGateway", "SetIPAddress",
+                       "SetIPMask",         "SetLMHostFile",
+                       "SetDNSServers",     "SetWINSEnabled",
+                       "SetWINSServer1",    "SetWINSServer2",
+                       "SetWINSServer1",    "SetScopeID",
+                       "SetSearchList",     "SetDNSEnabled",
+                       "SetDefaultPrinter", "SetAdvPrinterSettings"}),
+              operations);
+    const Strings lines = log.Lines();
+    ASSERT_FALSE(lines.empty());
+    EXPECT_EQ("clsNetConfig2K - ApplyConfiguration", lines.front());
+    for (const std::string& line :
+         {std::string("clsNetConfig2K - SetComputerName = ROAMER"),
+          std::string("clsNetConfig2K - SetComputerName:RC = 1"),
+          std::string("clsNetConfig2K - SetHost = roamer"),
+          std::string("clsNetConfig2K - SetHost:RC = 1"),
+          std::string("clsNetConfig2K - SetDomain = office.lan"),
+          std::string("clsNetConfig2K - SetDomain:RC = 1"),
+          std::string("clsNetConfig2K - SetWorkgroup: NetUnjoinDomain RC = 0"),
+          std::string("clsNetConfig2K - SetWorkgroup: NetJoinDomain RC = 0"),
+          std::string("clsNetConfig2K - SetWINSServer(s) = 10.0.0.8,10.0.0.9"),
+          "clsNetConfig2K - SetIPAddressAndMask[" + std::string(kLaptopWired) + "]:RC = 0"})
+        EXPECT_TRUE(log.Contains(line)) << line;
+    // The host and domain are the physical DNS names.
+    const auto names = mServices.Calls("SetComputerNameExA");
+    ASSERT_EQ(2u, names.size());
+    EXPECT_EQ("6", names[0]["type"]);
+    EXPECT_EQ("5", names[1]["type"]);
+}
+
+TEST_F(NetConfig2KTest, LogsTheAdapterKeysItReads) {
+    Load("xp-laptop");
+    LogWatch log;
+    auto config = Capture();
+    EXPECT_TRUE(log.Contains("clsNetConfig2K - Initialize"));
+    EXPECT_TRUE(log.Contains("clsNetConfig2K - getDNSServers for " + std::string(kLaptopWired)));
+    EXPECT_TRUE(
+        log.Contains("clsNetConfig2K - getWINSServer1; Key = \\HKEY_LOCAL_MACHINE\\SYSTEM\\"
+                     "CurrentControlSet\\Services\\NetBT\\Parameters\\Interfaces\\Tcpip_" +
+                     std::string(kLaptopWired)));
+    config.reset();
+    EXPECT_TRUE(log.Contains("clsNetConfig2K - Terminate"));
+}
+
+// --- Membership and description ----------------------------------------------------------
+
+struct JoinCase {
+    const char* Name;
+    bool Domain;
+    DWORD Unjoin, Join;
+    const char* User;
+    Strings Calls;
+    Strings Box;  // the texts of the one box shown, empty for none
+};
+
+class NetConfig2KJoin : public NetConfig2KTest, public ::testing::WithParamInterface<JoinCase> {};
+
+TEST_P(NetConfig2KJoin, JoinsOrShowsTheRefusal) {
+    const JoinCase& x = GetParam();
+    Load("xp-laptop");
+    auto config = Capture();
+    mServices.Answer("NetUnjoinDomain", {x.Unjoin}).Answer("NetJoinDomain", {x.Join});
+    config->SetNTLogonEnabled(x.Domain);
+    if (x.Domain) {
+        config->SetNTDomain("NORTHWIND");
+        config->SetNTDomainUserName(x.User);
+        config->SetNTDomainPassword("pa55");
+    } else {
+        config->SetWorkgroup("HOME");
+    }
+    // Both are flagged, as the tab flags both; only one of them acts.
+    config->SetNTDomain(config->NTDomain());
+    config->SetWorkgroup(config->Workgroup());
+    config->SetSearchList("after.lan");
+    const Strings boxes = Apply(*config);
+
+    EXPECT_EQ(x.Calls, mServices.Functions());
+    const auto unjoin = mServices.Calls("NetUnjoinDomain");
+    ASSERT_EQ(1u, unjoin.size());
+    EXPECT_EQ("(null)", unjoin[0]["server"]);
+    EXPECT_EQ("(null)", unjoin[0]["account"]);
+    EXPECT_EQ("(null)", unjoin[0]["password"]);
+    EXPECT_EQ("0", unjoin[0]["options"]);
+    for (const bench::StandInCall& join : mServices.Calls("NetJoinDomain")) {
+        EXPECT_EQ("(null)", join["server"]);
+        EXPECT_EQ("(null)", join["ou"]);
+        EXPECT_EQ(x.Domain ? "NORTHWIND" : "HOME", join["domain"]);
+        EXPECT_EQ(x.Domain ? "33" : "0", join["options"]);
+        const bool account = x.Domain && std::string(x.User) != "";
+        EXPECT_EQ(account ? x.User : "(null)", join["account"]);
+        EXPECT_EQ(account ? "pa55" : "(null)", join["password"]);
+    }
+    if (x.Box.empty()) {
+        EXPECT_TRUE(boxes.empty());
+    } else {
+        ASSERT_EQ(1u, boxes.size());
+        EXPECT_EQ(BoxText(x.Box), boxes[0]);
+    }
+    // The apply goes on after a refusal.
+    EXPECT_EQ("after.lan", ReadStored(HKEY_LOCAL_MACHINE, kTcpipParameters, "SearchList").Text());
+}
+
+const char kCannotLeaveWorkgroup[] = "Could not disconnect from the current workgroup.";
+const char kCannotLeaveDomain[] = "Could not disconnect from the current domain.";
+const char kNotChanged[] = "Your connection method has not been changed.";
+const char kController[] = "A domain controller cannot have its connection method modified.";
+const char kDomainError[] = "There was an error attempting to join the domain.";
+const char kWorkgroupError[] = "There was an error attempting to join the workgroup.";
+const Strings kUnjoinOnly = {"NetUnjoinDomain"};
+
+INSTANTIATE_TEST_SUITE_P(
+    Membership, NetConfig2KJoin,
+    ::testing::Values(
+        JoinCase{"DomainWithAccount", true, 0, 0, "jsmith", kJoin, {}},
+        JoinCase{"DomainWithTheMachinesCredentials", true, 0, 0, "", kJoin, {}},
+        JoinCase{"DomainAfterAFailedUnjoin", true, 2692, 0, "jsmith", kJoin, {}},
+        JoinCase{"DomainUnjoinRefused",
+                 true,
+                 87,
+                 0,
+                 "jsmith",
+                 kUnjoinOnly,
+                 {kCannotLeaveWorkgroup, kNotChanged}},
+        JoinCase{"DomainOnAController", true, 2693, 0, "jsmith", kUnjoinOnly, {kController}},
+        JoinCase{"DomainDoesNotExist",
+                 true,
+                 0,
+                 1355,
+                 "jsmith",
+                 kJoin,
+                 {kDomainError, "The specified domain does not exist."}},
+        JoinCase{"DomainBadPassword",
+                 true,
+                 0,
+                 1326,
+                 "jsmith",
+                 kJoin,
+                 {kDomainError, "Unknown user name or bad password."}},
+        JoinCase{"Workgroup", false, 0, 0, "", kJoin, {}},
+        JoinCase{"WorkgroupAfterAFailedUnjoinIsSilent", false, 2692, 0, "", kUnjoinOnly, {}},
+        JoinCase{"WorkgroupUnjoinRefused",
+                 false,
+                 87,
+                 0,
+                 "",
+                 kUnjoinOnly,
+                 {kCannotLeaveDomain, kNotChanged}},
+        JoinCase{"WorkgroupOnAController", false, 2693, 0, "", kUnjoinOnly, {kController}},
+        JoinCase{"WorkgroupDoesNotExist",
+                 false,
+                 0,
+                 2695,
+                 "",
+                 kJoin,
+                 {kWorkgroupError, "The specified workgroup does not exist."}},
+        JoinCase{"WorkgroupUndefinedError",
+                 false,
+                 0,
+                 1234,
+                 "",
+                 kJoin,
+                 {kWorkgroupError, "Undefined Error (1234)."}}),
+    [](const ::testing::TestParamInfo<JoinCase>& info) { return std::string(info.param.Name); });
+
+TEST_F(NetConfig2KTest, TheDescriptionGoesToTheServerServiceWithItsRefusalShown) {
+    Load("xp-laptop");
+    auto config = Capture();
+    mServices.Answer("NetServerSetInfo", {0, 5, 2351});
+    const char kDescriptionError[] =
+        "There was an error attempting to set the computer description.";
+    const Strings expected[] = {
+        {},
+        {BoxText({kDescriptionError, "Access denied (check your User Name and Password)."})},
+        {BoxText({kDescriptionError, "Undefined Error (2351)."})}};
+    for (const Strings& boxes : expected) {
+        config->SetComputerDescription("Spare laptop");
+        EXPECT_EQ(boxes, Apply(*config));
+    }
+    const auto calls = mServices.Calls("NetServerSetInfo");
+    ASSERT_EQ(3u, calls.size());
+    EXPECT_EQ("1005", calls[0]["level"]);
+    EXPECT_EQ("Spare laptop", calls[0]["comment"]);
+}
+
+TEST(NetResultText, HasATextForEveryKnownCode) {
+    const std::pair<DWORD, const char*> codes[] = {
+        {5, "Access denied (check your User Name and Password)."},
+        {87, "Your connection method has not been changed."},
+        {1323,
+         "Unable to update the password. The value provided as the current password is "
+         "incorrect."},
+        {1326, "Unknown user name or bad password."},
+        {1327, "User account restriction."},
+        {1328, "Account logon time restriction violation."},
+        {1329, "User not allowed to logon to this computer."},
+        {1331, "Account currently disabled."},
+        {1332, "No mapping between account names and security IDs was done."},
+        {1355, "The specified domain does not exist."},
+        {1793, "Account expired."},
+        {2691, "This computer is already joined to a domain."},
+        {2695, "The specified workgroup does not exist."},
+        {0, "Undefined Error (0)."},
+        {127, "Undefined Error (127)."}};
+    for (const auto& code : codes) EXPECT_EQ(code.second, NetResultText(code.first)) << code.first;
+}
+
+// --- Printers --------------------------------------------------------------------------
+
+TEST_F(NetConfig2KTest, TheDefaultPrinterIsSetThroughTheWindowsSection) {
+    Load("xp-laptop");
+    auto config = Capture();
+    config->SetDefaultPrinter("EPSON Stylus C84 Series");
+    config->GetAdvPrinterSettings();
+    EXPECT_EQ("USB001", config->PrinterPort());
+    EXPECT_TRUE(Apply(*config).empty());
+    const std::string windows = "Software\\Microsoft\\Windows NT\\CurrentVersion\\Windows";
+    EXPECT_EQ("EPSON Stylus C84 Series,winspool,Ne01:",
+              ReadStored(HKEY_CURRENT_USER, windows, "Device").Text());
+    EXPECT_EQ("EPSON Stylus C84 Series", Capture()->DefaultPrinter());
+
+    // Not when the profile leaves the default printer alone, nor for a printer
+    // without a driver and port.
+    config->SetEnableDefaultPrinter(false);
+    config->SetDefaultPrinter("HP LaserJet 4050 Series PCL");
+    Apply(*config);
+    config->SetEnableDefaultPrinter(true);
+    config->SetDefaultPrinter("Gone Printer");
+    Apply(*config);
+    EXPECT_EQ("EPSON Stylus C84 Series,winspool,Ne01:",
+              ReadStored(HKEY_CURRENT_USER, windows, "Device").Text());
+}
+
+}  // namespace
+}  // namespace rwz::test
