@@ -21,9 +21,9 @@ int main(int argc, char** argv) {
     std::string out;
     auto line = [&](const std::string& text) { out += text + "\r\n"; };
 
-    line("NetJoinDomain=" + std::to_string(services.NetJoinDomain(
-                                "NORTHWIND", std::string("jsmith"), std::string("s3cret"),
-                                rwz::kJoinDomainOptions)));
+    line("NetJoinDomain=" +
+         std::to_string(services.NetJoinDomain("NORTHWIND", std::string("jsmith"),
+                                               std::string("s3cret"), rwz::kJoinDomainOptions)));
     if (mode == "all") {
         std::string name;
         DWORD status = 0;
@@ -32,16 +32,16 @@ int main(int argc, char** argv) {
              std::to_string(status));
         line("NetUnjoinDomain=" +
              std::to_string(services.NetUnjoinDomain(std::nullopt, std::nullopt, 0)));
-        line("NetJoinDomain=" + std::to_string(services.NetJoinDomain("WORKGROUP", std::nullopt,
-                                                                      std::nullopt, 0)));
+        line("NetJoinDomain=" +
+             std::to_string(services.NetJoinDomain("WORKGROUP", std::nullopt, std::nullopt, 0)));
         line("NetServerSetInfo=" + std::to_string(services.NetServerSetInfo("Field laptop")));
         for (DWORD index = 0; index < 2; ++index) {
             const std::string address = "192.168.101." + std::to_string(5 + index);
-            line("DhcpNotifyConfigChange=" +
-                 std::to_string(services.DhcpNotifyConfigChange(
-                     "{6A3C7E10-5B2D-4F0E-9C41-8E2D5B7A9F01}", true, index,
-                     inet_addr(address.c_str()), inet_addr("255.255.255.0"),
-                     rwz::kDhcpIgnoreFlag)));
+            line(
+                "DhcpNotifyConfigChange=" +
+                std::to_string(services.DhcpNotifyConfigChange(
+                    "{6A3C7E10-5B2D-4F0E-9C41-8E2D5B7A9F01}", true, index,
+                    inet_addr(address.c_str()), inet_addr("255.255.255.0"), rwz::kDhcpIgnoreFlag)));
         }
         std::string host;
         const bool found = services.GetComputerNameExA(rwz::kNameDnsHostname, host);

@@ -41,7 +41,9 @@ void PreferNativeDlls(const std::string& programName) {
 
 }  // namespace
 
-std::string StandInsDir() { return BuildDir() + "\\tests\\standins"; }
+std::string StandInsDir() {
+    return BuildDir() + "\\tests\\standins";
+}
 
 std::string StandInCall::operator[](const std::string& name) const {
     for (const auto& field : fields)

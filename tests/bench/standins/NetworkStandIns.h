@@ -34,7 +34,7 @@ struct StandInCall {
 };
 
 class NetworkStandIns {
-public:
+  public:
     // Puts the stand-ins beside `program` (a Windows path; its folder is made
     // when missing) and has Wine prefer them for every program of that file
     // name. The script starts empty: every function answers 0, and
@@ -57,7 +57,7 @@ public:
     std::string ScriptFile() const { return mFolder + "\\NetworkStandIns.ini"; }
     std::string RecordFile() const { return mFolder + "\\NetworkCalls.txt"; }
 
-private:
+  private:
     void Set(const std::string& section, const std::string& key, const std::string& value);
 
     std::string mFolder;

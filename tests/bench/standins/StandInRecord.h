@@ -37,8 +37,12 @@ inline std::string Folder() {
     return folder.substr(0, folder.find_last_of('\\'));
 }
 
-inline std::string ConfigFile() { return Folder() + "\\NetworkStandIns.ini"; }
-inline std::string RecordFile() { return Folder() + "\\NetworkCalls.txt"; }
+inline std::string ConfigFile() {
+    return Folder() + "\\NetworkStandIns.ini";
+}
+inline std::string RecordFile() {
+    return Folder() + "\\NetworkCalls.txt";
+}
 
 // A value of the function's section, or `fallback`.
 inline std::string Setting(const char* function, const char* key, const char* fallback) {
@@ -81,11 +85,20 @@ inline std::string Escape(const std::string& text) {
     std::string out;
     for (char c : text) {
         switch (c) {
-            case '\\': out += "\\\\"; break;
-            case '\t': out += "\\t"; break;
-            case '\r': out += "\\r"; break;
-            case '\n': out += "\\n"; break;
-            default: out += c;
+            case '\\':
+                out += "\\\\";
+                break;
+            case '\t':
+                out += "\\t";
+                break;
+            case '\r':
+                out += "\\r";
+                break;
+            case '\n':
+                out += "\\n";
+                break;
+            default:
+                out += c;
         }
     }
     return out;

@@ -8,8 +8,7 @@ set(RWZ_STANDINS_BIN ${RWZ_TEST_BIN}/standins)
 foreach(dll netapi32 dhcpcsvc)
   add_library(standin_${dll} SHARED ${CMAKE_CURRENT_LIST_DIR}/${dll}.cpp)
   set_target_properties(standin_${dll} PROPERTIES OUTPUT_NAME ${dll} PREFIX ""
-                        RUNTIME_OUTPUT_DIRECTORY ${RWZ_STANDINS_BIN}
-                        ARCHIVE_OUTPUT_DIRECTORY ${CMAKE_CURRENT_BINARY_DIR}/standins)
+                        RUNTIME_OUTPUT_DIRECTORY ${RWZ_STANDINS_BIN})
 endforeach()
 
 add_executable(NetServicesProbe ${CMAKE_CURRENT_LIST_DIR}/NetServicesProbe.cpp)

@@ -5,7 +5,9 @@
 
 namespace {
 
-std::string Number(DWORD value) { return std::to_string(value); }
+std::string Number(DWORD value) {
+    return std::to_string(value);
+}
 
 // DHCPCAPI_PARAMS_ARRAY, passed by value.
 struct ParamsArray {
@@ -22,10 +24,9 @@ BOOL WINAPI DllMain(HINSTANCE instance, DWORD reason, LPVOID) {
     return TRUE;
 }
 
-__declspec(dllexport) DWORD WINAPI DhcpNotifyConfigChange(LPWSTR server, LPWSTR adapter,
-                                                          BOOL newAddress, DWORD index,
-                                                          DWORD address, DWORD mask,
-                                                          int action) {
+__declspec(dllexport) DWORD WINAPI
+    DhcpNotifyConfigChange(LPWSTR server, LPWSTR adapter, BOOL newAddress, DWORD index,
+                           DWORD address, DWORD mask, int action) {
     const DWORD result = standin::Result("DhcpNotifyConfigChange");
     standin::Record("DhcpNotifyConfigChange", {{"server", standin::Text(server)},
                                                {"adapter", standin::Text(adapter)},

@@ -17,7 +17,9 @@ void* Allocate(size_t size) {
     return buffer;
 }
 
-std::string Number(DWORD value) { return std::to_string(value); }
+std::string Number(DWORD value) {
+    return std::to_string(value);
+}
 
 }  // namespace
 
@@ -29,8 +31,7 @@ BOOL WINAPI DllMain(HINSTANCE instance, DWORD reason, LPVOID) {
 }
 
 __declspec(dllexport) DWORD WINAPI NetJoinDomain(LPCWSTR server, LPCWSTR domain, LPCWSTR ou,
-                                                 LPCWSTR account, LPCWSTR password,
-                                                 DWORD options) {
+                                                 LPCWSTR account, LPCWSTR password, DWORD options) {
     const DWORD result = standin::Result("NetJoinDomain");
     standin::Record("NetJoinDomain", {{"server", standin::Text(server)},
                                       {"domain", standin::Text(domain)},
@@ -42,8 +43,8 @@ __declspec(dllexport) DWORD WINAPI NetJoinDomain(LPCWSTR server, LPCWSTR domain,
     return result;
 }
 
-__declspec(dllexport) DWORD WINAPI NetUnjoinDomain(LPCWSTR server, LPCWSTR account,
-                                                   LPCWSTR password, DWORD options) {
+__declspec(dllexport) DWORD WINAPI
+    NetUnjoinDomain(LPCWSTR server, LPCWSTR account, LPCWSTR password, DWORD options) {
     const DWORD result = standin::Result("NetUnjoinDomain");
     standin::Record("NetUnjoinDomain", {{"server", standin::Text(server)},
                                         {"account", standin::Text(account)},
@@ -53,12 +54,12 @@ __declspec(dllexport) DWORD WINAPI NetUnjoinDomain(LPCWSTR server, LPCWSTR accou
     return result;
 }
 
-__declspec(dllexport) DWORD WINAPI NetGetJoinInformation(LPCWSTR server, LPWSTR* name,
-                                                         DWORD* status) {
+__declspec(dllexport) DWORD WINAPI
+    NetGetJoinInformation(LPCWSTR server, LPWSTR* name, DWORD* status) {
     const DWORD result = standin::Result("NetGetJoinInformation");
     const std::string joined = standin::Setting("NetGetJoinInformation", "Name", "WORKGROUP");
-    const DWORD joinStatus = static_cast<DWORD>(
-        std::strtoul(standin::Setting("NetGetJoinInformation", "Status", "2").c_str(), nullptr, 10));
+    const DWORD joinStatus = static_cast<DWORD>(std::strtoul(
+        standin::Setting("NetGetJoinInformation", "Status", "2").c_str(), nullptr, 10));
     if (result == 0 && name && status) {
         const int length = MultiByteToWideChar(CP_ACP, 0, joined.c_str(), -1, nullptr, 0);
         auto* buffer = static_cast<LPWSTR>(Allocate(static_cast<size_t>(length) * sizeof(WCHAR)));
@@ -66,16 +67,15 @@ __declspec(dllexport) DWORD WINAPI NetGetJoinInformation(LPCWSTR server, LPWSTR*
         *name = buffer;
         *status = joinStatus;
     }
-    standin::Record("NetGetJoinInformation",
-                    {{"server", standin::Text(server)},
-                     {"name", result == 0 ? joined : ""},
-                     {"status", result == 0 ? Number(joinStatus) : ""},
-                     {"result", Number(result)}});
+    standin::Record("NetGetJoinInformation", {{"server", standin::Text(server)},
+                                              {"name", result == 0 ? joined : ""},
+                                              {"status", result == 0 ? Number(joinStatus) : ""},
+                                              {"result", Number(result)}});
     return result;
 }
 
-__declspec(dllexport) DWORD WINAPI NetServerSetInfo(LPWSTR server, DWORD level, LPBYTE buffer,
-                                                    LPDWORD parameterError) {
+__declspec(dllexport) DWORD WINAPI
+    NetServerSetInfo(LPWSTR server, DWORD level, LPBYTE buffer, LPDWORD parameterError) {
     const DWORD result = standin::Result("NetServerSetInfo");
     // SERVER_INFO_1005 holds one pointer: the comment.
     std::string comment = "(none)";
@@ -97,7 +97,8 @@ __declspec(dllexport) DWORD WINAPI NetApiBufferAllocate(DWORD size, LPVOID* buff
 __declspec(dllexport) DWORD WINAPI NetApiBufferFree(LPVOID buffer) {
     const bool ours = gBuffers.erase(buffer) > 0;
     if (ours) HeapFree(GetProcessHeap(), 0, buffer);
-    standin::Record("NetApiBufferFree", {{"buffer", buffer ? (ours ? "ours" : "unknown") : "(null)"}});
+    standin::Record("NetApiBufferFree",
+                    {{"buffer", buffer ? (ours ? "ours" : "unknown") : "(null)"}});
     return 0;
 }
 
