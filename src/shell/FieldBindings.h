@@ -34,6 +34,9 @@ class FieldBindings {
     // A control notification (WM_COMMAND): a user's edit of a bound control
     // assigns its property. True when the control is bound and was assigned.
     bool OnCommand(HWND page, WPARAM wParam, LPARAM lParam);
+    // True while Refill runs: a setter called now assigns a shown value
+    // rather than taking a user's edit.
+    bool Refilling() const { return mblnRefilling; }
 
     // The text of a control (edit fields and static texts alike).
     static std::string ControlText(HWND page, int aintControlId);

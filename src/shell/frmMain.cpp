@@ -14,6 +14,7 @@
 #include "profile/modRestart.h"
 #include "report/clsSettings.h"
 #include "shell/frmMainRes.h"
+#include "shell/frmNetscapeTab.h"
 #include "shell/frmRestart.h"
 #include "shell/modCommandLine.h"
 
@@ -140,7 +141,10 @@ void frmMain::CreatePages() {
     const char* templates[kPageCount] = {"GENERAL_TAB", "IE_TAB", "NETSCAPE_TAB", "OPERA_TAB"};
     const char* captions[kPageCount] = {"General", "Internet Explorer", "Netscape", "Opera"};
     for (int i = 0; i < kPageCount; ++i) {
-        mobjPages[i] = std::make_unique<clsTabPage>(templates[i], captions[i]);
+        if (i == kPageNetscape)
+            mobjPages[i] = std::make_unique<frmNetscapeTab>(templates[i], captions[i]);
+        else
+            mobjPages[i] = std::make_unique<clsTabPage>(templates[i], captions[i]);
         mobjPages[i]->Create(mhInstance, mhWnd, *this);
         TCITEMA item = {};
         item.mask = TCIF_TEXT;

@@ -1,0 +1,132 @@
+#include "shell/frmNetscapeMail.h"
+
+#include "localization/modLocalization.h"
+#include "platform/Procedure.h"
+#include "shell/frmNetscapeMailRes.h"
+
+namespace rwz {
+
+namespace {
+
+// The language file's tag for this dialog in every category.
+const char kTag[] = "NetscapeMail";
+
+ControlArray Controls(HWND window, int aintFirstId, int aintCount) {
+    ControlArray controls;
+    for (int i = 0; i < aintCount; ++i) controls.push_back(GetDlgItem(window, aintFirstId + i));
+    return controls;
+}
+
+}  // namespace
+
+const std::array<NetscapeMailField, 8>& NetscapeMailFields() {
+    using B = IBrowser;
+    static const std::array<NetscapeMailField, 8> fields = {{
+        {&B::EMailFullName, &B::SetEMailFullName},
+        {&B::EMailAddr, &B::SetEMailAddr},
+        {&B::EMailReplyToAddr, &B::SetEMailReplyToAddr},
+        {&B::EMailOrganization, &B::SetEMailOrganization},
+        {&B::EMailPOP3Server, &B::SetEMailPOP3Server},
+        {&B::EMailPOP3Login, &B::SetEMailPOP3Login},
+        {&B::EMailSMTPServer, &B::SetEMailSMTPServer},
+        {&B::EMailSMTPLogin, &B::SetEMailSMTPLogin},
+    }};
+    return fields;
+}
+
+frmNetscapeMail::frmNetscapeMail(IBrowser& aobjBrowser) : mobjBrowser(aobjBrowser) {
+    const auto& fields = NetscapeMailFields();
+    for (size_t i = 0; i < fields.size(); ++i) {
+        mstrTexts[i] = (mobjBrowser.*fields[i].get)();
+        mBindings.AddText(
+            IDC_NSMAIL_TEXT0 + static_cast<int>(i), [this, i] { return mstrTexts[i]; },
+            [this, i](const std::string& value) { mstrTexts[i] = value; });
+    }
+    mblnLeaveOnServer = mobjBrowser.EMailLeaveMailOnServer();
+    mBindings.AddCheck(
+        IDC_NSMAIL_CHECK0, [this] { return mblnLeaveOnServer; },
+        [this](bool value) { mblnLeaveOnServer = value; });
+}
+
+bool frmNetscapeMail::Show(HWND owner) {
+    DialogBoxParamA(GetModuleHandleA(nullptr), "NETSCAPE_MAIL", owner, DialogProc,
+                    reinterpret_cast<LPARAM>(this));
+    return mblnAssigned;
+}
+
+bool ShowNetscapeMail(HWND owner, IBrowser& aobjBrowser) {
+    frmNetscapeMail form(aobjBrowser);
+    return form.Show(owner);
+}
+
+INT_PTR CALLBACK frmNetscapeMail::DialogProc(HWND window, UINT message, WPARAM wParam,
+                                             LPARAM lParam) {
+    if (message == WM_INITDIALOG) {
+        SetWindowLongPtrA(window, DWLP_USER, lParam);
+        reinterpret_cast<frmNetscapeMail*>(lParam)->mhWnd = window;
+    }
+    auto* form = reinterpret_cast<frmNetscapeMail*>(GetWindowLongPtrA(window, DWLP_USER));
+    if (!form) return FALSE;
+    const INT_PTR result = form->HandleMessage(message, wParam, lParam);
+    if (message == WM_NCDESTROY) form->mhWnd = nullptr;
+    return result;
+}
+
+INT_PTR frmNetscapeMail::HandleMessage(UINT message, WPARAM wParam, LPARAM lParam) {
+    switch (message) {
+        case WM_INITDIALOG:
+            Form_Load();
+            return TRUE;
+        case WM_COMMAND:
+            if (mBindings.OnCommand(mhWnd, wParam, lParam)) return TRUE;
+            if (LOWORD(wParam) == IDOK) {
+                cmdOK_Click();
+                EndDialog(mhWnd, IDOK);
+                return TRUE;
+            }
+            if (LOWORD(wParam) == IDCANCEL) {
+                EndDialog(mhWnd, IDCANCEL);
+                return TRUE;
+            }
+            return FALSE;
+    }
+    return FALSE;
+}
+
+void frmNetscapeMail::Form_Load() {
+    Procedure proc("frmNetscapeMail", "Form_Load");
+    proc.Run([&] {
+        mBindings.Refill(mhWnd, false);
+        const clsLocalization& objLocalization = Localization();
+        objLocalization.SetControlCaption(mhWnd, "WindowTitles", kTag);
+        objLocalization.SetControlArrayCaption(
+            Controls(mhWnd, IDC_NSMAIL_LABEL0, NETSCAPE_MAIL_LABELS), "Labels", kTag);
+        objLocalization.SetControlArrayCaption(
+            Controls(mhWnd, IDC_NSMAIL_FRAME0, NETSCAPE_MAIL_FRAMES), "Frames", kTag);
+        objLocalization.SetControlArrayCaption(Controls(mhWnd, IDC_NSMAIL_CHECK0, 1), "Checkboxes",
+                                               kTag);
+        objLocalization.SetControlArrayCaption(
+            {GetDlgItem(mhWnd, IDOK), GetDlgItem(mhWnd, IDCANCEL)}, "Buttons", kTag);
+    });
+}
+
+void frmNetscapeMail::cmdOK_Click() {
+    Procedure proc("frmNetscapeMail", "cmdOK_Click");
+    proc.Run([&] {
+        // Only what was changed is assigned, so that an untouched account
+        // leaves the area as it was.
+        const auto& fields = NetscapeMailFields();
+        for (size_t i = 0; i < fields.size(); ++i) {
+            if ((mobjBrowser.*fields[i].get)() == mstrTexts[i]) continue;
+            (mobjBrowser.*fields[i].set)(mstrTexts[i]);
+            mblnAssigned = true;
+        }
+        if (mobjBrowser.EMailLeaveMailOnServer() != mblnLeaveOnServer) {
+            mobjBrowser.SetEMailLeaveMailOnServer(mblnLeaveOnServer);
+            mblnAssigned = true;
+        }
+        proc.LogValue(mblnAssigned ? "changed" : "unchanged");
+    });
+}
+
+}  // namespace rwz

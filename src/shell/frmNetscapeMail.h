@@ -1,0 +1,55 @@
+// The Netscape mail account dialog, opened from the Netscape page: the
+// identity Netscape 4 sends mail with and its POP3 and SMTP servers. Its
+// fields show a copy of the back end's mail settings; OK assigns each setting
+// whose value was changed, Cancel assigns nothing.
+#pragma once
+
+#include <windows.h>
+
+#include <array>
+#include <string>
+
+#include "browsers/IBrowser.h"
+#include "shell/FieldBindings.h"
+
+namespace rwz {
+
+// One text setting of the mail account, in the dialog's field order.
+struct NetscapeMailField {
+    std::string (IBrowser::*get)() const;
+    void (IBrowser::*set)(const std::string&);
+};
+// The eight text settings: full name, address, reply-to address,
+// organization, POP3 server and login, SMTP server and login. The page keeps
+// them in the same order.
+const std::array<NetscapeMailField, 8>& NetscapeMailFields();
+
+class frmNetscapeMail {
+  public:
+    explicit frmNetscapeMail(IBrowser& aobjBrowser);
+    frmNetscapeMail(const frmNetscapeMail&) = delete;
+    frmNetscapeMail& operator=(const frmNetscapeMail&) = delete;
+
+    // Shows the dialog modally over `owner`. True when OK assigned a setting.
+    bool Show(HWND owner);
+
+  private:
+    static INT_PTR CALLBACK DialogProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
+    INT_PTR HandleMessage(UINT message, WPARAM wParam, LPARAM lParam);
+    void Form_Load();
+    // OK: assigns what differs from the back end.
+    void cmdOK_Click();
+
+    IBrowser& mobjBrowser;
+    // What the fields show.
+    std::array<std::string, 8> mstrTexts;
+    bool mblnLeaveOnServer = false;
+    FieldBindings mBindings;
+    HWND mhWnd = nullptr;
+    bool mblnAssigned = false;
+};
+
+// Shows a new mail dialog for `aobjBrowser`; returns as frmNetscapeMail::Show.
+bool ShowNetscapeMail(HWND owner, IBrowser& aobjBrowser);
+
+}  // namespace rwz
