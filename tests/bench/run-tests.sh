@@ -52,16 +52,12 @@ work=$(mktemp -d "$clones/run.XXXXXX")
 now_ms() { echo $(($(date +%s%N) / 1000000)); }
 seconds() { printf '%d.%01d s' $(($1 / 1000)) $(($1 % 1000 / 100)); }
 
-# A fresh prefix. The registry files and the Windows .ini files are written in
-# place by Wine, so they are copied; everything else is a hard link.
+# A fresh prefix (clone-prefix.sh says which files are copied, not linked).
 new_clone() {
     local clone
     clone=$(mktemp -d "$clones/prefix.XXXXXX") || return 1
     echo "$clone" >>"$work/clones"
-    cp -al "$base/." "$clone/" &&
-        rm -f "$clone"/*.reg "$clone"/drive_c/windows/*.ini &&
-        cp "$base"/*.reg "$clone/" &&
-        cp "$base"/drive_c/windows/*.ini "$clone/drive_c/windows/" || return 1
+    "$here/clone-prefix.sh" "$base" "$clone" || return 1
     echo "$clone"
 }
 
