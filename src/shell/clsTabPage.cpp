@@ -26,6 +26,7 @@ void clsTabPage::SetAvailable(bool ablnAvailable) {
     mblnAvailable = ablnAvailable;
     for (HWND child = GetWindow(mhWnd, GW_CHILD); child; child = GetWindow(child, GW_HWNDNEXT))
         EnableWindow(child, ablnAvailable);
+    if (ablnAvailable) UpdateEnabling();
 }
 
 INT_PTR CALLBACK clsTabPage::DialogProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
@@ -39,10 +40,12 @@ INT_PTR CALLBACK clsTabPage::DialogProc(HWND window, UINT message, WPARAM wParam
     auto* page = reinterpret_cast<clsTabPage*>(GetWindowLongPtrA(window, DWLP_USER));
     if (!page) return FALSE;
     if (message == WM_COMMAND) {
-        if (page->mBindings.OnCommand(window, wParam, lParam))
+        if (page->mBindings.OnCommand(window, wParam, lParam)) {
+            page->UpdateEnabling();
             page->Host().PageEdited();
-        else
+        } else {
             page->OnCommand(wParam, lParam);
+        }
         return TRUE;
     }
     return FALSE;

@@ -46,6 +46,9 @@ class clsTabPage {
     virtual void OnCreate() {}
     // A control notification that no binding took.
     virtual void OnCommand(WPARAM wParam, LPARAM lParam) {}
+    // Greys the controls that the values shown leave unused. Called after each
+    // edit of a bound control and when the page becomes available again.
+    virtual void UpdateEnabling() {}
 
     ITabHost& Host() { return *mpHost; }
     FieldBindings mBindings;

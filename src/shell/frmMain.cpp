@@ -13,6 +13,7 @@
 #include "profile/clsRwzConfig.h"
 #include "profile/modRestart.h"
 #include "report/clsSettings.h"
+#include "shell/frmGeneralTab.h"
 #include "shell/frmMainRes.h"
 #include "shell/frmNetscapeTab.h"
 #include "shell/frmRestart.h"
@@ -141,7 +142,9 @@ void frmMain::CreatePages() {
     const char* templates[kPageCount] = {"GENERAL_TAB", "IE_TAB", "NETSCAPE_TAB", "OPERA_TAB"};
     const char* captions[kPageCount] = {"General", "Internet Explorer", "Netscape", "Opera"};
     for (int i = 0; i < kPageCount; ++i) {
-        if (i == kPageNetscape)
+        if (i == kPageGeneral)
+            mobjPages[i] = std::make_unique<frmGeneralTab>(templates[i], captions[i]);
+        else if (i == kPageNetscape)
             mobjPages[i] = std::make_unique<frmNetscapeTab>(templates[i], captions[i]);
         else
             mobjPages[i] = std::make_unique<clsTabPage>(templates[i], captions[i]);

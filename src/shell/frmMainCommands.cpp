@@ -12,6 +12,7 @@
 #include "profile/clsRwzConfig.h"
 #include "profile/modRestart.h"
 #include "report/clsSettings.h"
+#include "shell/frmCredentials.h"
 #include "shell/frmMain.h"
 #include "shell/frmMainRes.h"
 #include "shell/frmRestart.h"
@@ -174,6 +175,13 @@ void frmMain::ApplyCurrentConfiguration() {
         if (!mobjConfig->AutoApply() &&
             ShowMessage(MessageText(kMsgApplyChanges), MB_YESNO | MB_ICONQUESTION) != IDYES)
             return;
+        // A profile that keeps no account asks for one now; Cancel stops the apply.
+        if (INetConfig* net = mobjConfig->GetNetConfig()) {
+            if ((IsPromptPlaceholder(net->NTDomainUserName()) ||
+                 IsPromptPlaceholder(net->NTDomainPassword())) &&
+                PromptForCredentials(*net, mhWnd))
+                return;
+        }
         const bool addInRestart = ApplyConfiguration();
         SetPanelText(1, mobjConfig->ConfFile().empty()
                             ? "Current (unsaved) configuration applied"

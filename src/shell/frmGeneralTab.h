@@ -1,0 +1,100 @@
+// The General page of the main window: the network record of the profile
+// (INetConfig), edited through its property setters so that what the page
+// shows is what will be applied and saved.
+//
+// The address and mask fields edit one entry of their lists at a time, chosen
+// with the index box beside the address; the page keeps the lists in their
+// comma form and hands them to the record in the record's own form.
+//
+// Greyed while unused:
+// - every adapter setting when the machine has no adapter;
+// - the addresses, masks, index box and gateways while DHCP is on;
+// - the WINS servers while WINS is off; on "9x" and "NT" the WINS box too
+//   while DHCP is on (the DHCP server gives WINS there);
+// - the workgroup or the domain field, whichever is not chosen, and the
+//   domain account unless a domain is chosen on "2K", "XP" or "2003";
+// - the printer box while the default printer is not set or none exists.
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "network/INetConfig.h"
+#include "shell/clsTabPage.h"
+
+namespace rwz {
+
+// Splits a list at `astrSeparator` ("," when empty; found without regard to
+// case) into trimmed entries, padded with empty ones to `aintMinCount`.
+std::vector<std::string> SplitIP(const std::string& astrText,
+                                 const std::string& astrSeparator = ",", int aintMinCount = 0);
+// Joins entries with `astrSeparator` ("," when empty). Empty entries at the
+// end are left out; empty entries between others are kept, so that an entry
+// being retyped keeps the positions of those after it.
+std::string MergeIP(const std::vector<std::string>& astrEntries,
+                    const std::string& astrSeparator = ",");
+
+// The validation of a field when it is left: the message number for its text,
+// or 0 when the text is valid (an empty list is valid).
+int16_t AddressFieldMessage(int aintControlId, const std::string& astrText);
+
+class frmGeneralTab : public clsTabPage {
+  public:
+    frmGeneralTab(const char* aszTemplate, std::string astrCaption);
+
+    void Refill(clsRwzConfig& aobjConfig, bool ablnAssign) override;
+    // Shows `aobjNet`'s settings, which the page edits from now on (also
+    // without a profile object, for tests). Returns the ids of the fields
+    // whose shown value changed.
+    std::vector<int> RefillFrom(INetConfig* aobjNet, bool ablnAssign);
+    // The system tag that decides the DHCP, WINS and adapter-type rules;
+    // the running system's by default.
+    void SetOSTag(const std::string& astrOS) { mstrOS = astrOS; }
+
+    // The entry of the address and mask lists that the fields edit.
+    int IPAddressIndex() const { return mintIPIndex; }
+    void IPAddressIndexSelected(int aintIndex);
+
+  protected:
+    void OnCreate() override;
+    void OnCommand(WPARAM wParam, LPARAM lParam) override;
+    void UpdateEnabling() override;
+
+  private:
+    void BindText(int aintControlId, std::string (INetConfig::*get)() const,
+                  void (INetConfig::*set)(const std::string&));
+    void BindCheck(int aintControlId, bool (INetConfig::*get)() const,
+                   void (INetConfig::*set)(bool));
+    // The address and mask lists in the page's comma form.
+    std::string AddressList() const;
+    std::string MaskList() const;
+    // Replaces the edited entry of a list and assigns the list.
+    void AssignEntry(bool ablnMask, const std::string& astrEntry);
+    // Assigns a list given in comma form, in the record's form.
+    void AssignList(bool ablnMask, const std::string& astrCommaList);
+    void FillIndexBox();
+    void NICSelected(int aintIndex);
+    // Before a profile's values are shown: when it chose another adapter than
+    // the one shown, shows that adapter as the machine has it.
+    void ShowProfileAdapter();
+    void DHCPToggled(bool ablnOn);
+    void WINSToggled(bool ablnOn);
+    void DefaultPrinterSelected(const std::string& astrPrinter);
+    void ShowAdapterType();
+    void ShowPrinterPort();
+    void ValidateField(int aintControlId);
+    bool IsChecked(int aintControlId) const;
+    void Enable(int aintControlId, bool ablnEnabled) const;
+    bool Is2KFamily() const;
+
+    INetConfig* mobjNet = nullptr;
+    std::string mstrOS;
+    int mintIPIndex = 0;
+    // The lists as last shown (comma form): a refill that changes any entry,
+    // not only the one in the fields, assigns the list.
+    std::string mstrShownAddresses;
+    std::string mstrShownMasks;
+    bool mblnRefilling = false;
+};
+
+}  // namespace rwz
