@@ -230,7 +230,8 @@ void frmGeneralTab::OnCommand(WPARAM wParam, LPARAM) {
         const LRESULT selected = SendMessageA(GetDlgItem(mhWnd, id), CB_GETCURSEL, 0, 0);
         if (selected != CB_ERR) IPAddressIndexSelected(static_cast<int>(selected));
     } else if (id == IDC_GEN_ACCOUNT && code == BN_CLICKED && mobjNet) {
-        ModifyCredentials(*mobjNet, GetAncestor(mhWnd, GA_ROOT));
+        // The page is a child of the main window (GetAncestor is missing on 95 and NT 4).
+        ModifyCredentials(*mobjNet, GetParent(mhWnd));
         Host().PageEdited();
     }
 }
