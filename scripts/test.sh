@@ -28,12 +28,12 @@ if [ -d "$clones" ]; then
     rm -rf "$clones"
 fi
 
-"$here/tests/bench/start-cups.sh" </dev/null || echo "test: no test printer: the print tests will fail"
 "$here/tests/bench/make-base-prefix.sh" "$RWZ_BASE_PREFIX" </dev/null || {
     echo "test: could not make the base Wine prefix"
     echo "0 passed, 1 failed"
     exit 1
 }
+"$here/tests/bench/start-cups.sh" </dev/null || echo "test: no test printer: the print tests will fail"
 
 log=$(mktemp)
 trap 'rm -f "$log"' EXIT

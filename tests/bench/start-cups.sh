@@ -8,6 +8,11 @@
 #   queue     RoamwisePDF (device cups-pdf:/roamwise)
 #   output    /var/spool/cups-pdf/roamwise/<title>-job_<n>.pdf, readable by all
 #
+# scripts/test.sh runs it after making the base prefix: a base prefix that
+# already lists the printer holds a copy of the queue's PPD, and a clone whose
+# Wine refreshes that copy (after the queue was made anew) would write it
+# through the clone's hard link into the base.
+#
 # Installs what is missing, writes the queue's configuration, starts cupsd
 # when it is not running, creates, enables and selects the queue. Idempotent:
 # a second run changes nothing. Every step has a time limit, so a broken CUPS
