@@ -196,6 +196,58 @@ TEST(ExportSwitch, ABlankFileNameIsRefusedWithAMessage) {
     EXPECT_NE(std::string::npos, run.log.find("clsSettings - ExportAllSettings")) << run.log;
 }
 
+// Each example profile reads as its comments say: the lines its report
+// must hold on the XP laptop.
+struct ExampleCase {
+    const char* profile;
+    std::vector<std::string> lines;
+};
+
+class ExampleProfile : public testing::TestWithParam<ExampleCase> {};
+
+TEST_P(ExampleProfile, ReportsWhatItsCommentsPromise) {
+    LoadLaptop();
+    const std::string profile = GetParam().profile;
+    bench::RunResult run =
+        RunIn(kProfiles, "/hidden /load " + profile + " /export C:\\Reports\\example.txt");
+    EXPECT_TRUE(run.dialogs.empty()) << run.Describe();
+    const std::vector<std::string> lines =
+        bench::SplitLines(bench::ReadFileText("C:\\Reports\\example.txt"));
+    ASSERT_GT(lines.size(), 10u) << run.Describe();
+    EXPECT_EQ("Configuration File..........C:\\Profiles\\" + profile, lines[8]);
+    for (const std::string& line : GetParam().lines)
+        EXPECT_TRUE(Has(lines, line)) << "missing: " << line << "\n" << Dump(lines);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Examples, ExampleProfile,
+    testing::Values(
+        ExampleCase{"home.rwz",
+                    {"DHCP Enabled................Yes", "Workgroup...................HOME",
+                     "Logon to NT Domain..........No", "Host........................laptop1",
+                     "Use Proxy Server............No",
+                     "Default Home Page...........http://www.example.com/",
+                     "Connection Type.............Direct connection to the Internet"}},
+        // A pattern picks the wireless adapter, {IGNORE} keeps the laptop's
+        // names and its Opera proxies (switched off), conditions resolve for XP.
+        ExampleCase{"client-site.rwz",
+                    {"NIC.........................Wireless Network Connection",
+                     "IP Address..................10.20.30.41",
+                     "Domain......................client.example.net",
+                     "Host........................laptop1", "Computer Name...............LAPTOP1",
+                     "HTTP Proxy Server...........proxy.client.example.net:3128",
+                     "Automatic Configuration URL.http://proxy.client.example.net/proxy.pac",
+                     "Default Home Page...........http://portal.client.example.net/",
+                     "Connection Type.............Automatic proxy configuration",
+                     "HTTP Proxy Server...........proxy.northwind.test:8080 (disabled)"}}),
+    [](const testing::TestParamInfo<ExampleCase>& info) {
+        std::string name = info.param.profile;
+        name = name.substr(0, name.find('.'));
+        for (char& c : name)
+            if (c == '-') c = '_';
+        return name;
+    });
+
 // --- Printing ---------------------------------------------------------------
 
 // Runs a command of the Linux side (Wine starts Linux programs too) through
