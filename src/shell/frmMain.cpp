@@ -13,9 +13,11 @@
 #include "profile/clsRwzConfig.h"
 #include "profile/modRestart.h"
 #include "report/clsSettings.h"
+#include "shell/frmExplorerTab.h"
 #include "shell/frmGeneralTab.h"
 #include "shell/frmMainRes.h"
 #include "shell/frmNetscapeTab.h"
+#include "shell/frmOperaTab.h"
 #include "shell/frmRestart.h"
 #include "shell/modCommandLine.h"
 
@@ -144,8 +146,12 @@ void frmMain::CreatePages() {
     for (int i = 0; i < kPageCount; ++i) {
         if (i == kPageGeneral)
             mobjPages[i] = std::make_unique<frmGeneralTab>(templates[i], captions[i]);
+        else if (i == kPageIE)
+            mobjPages[i] = std::make_unique<frmExplorerTab>(templates[i], captions[i]);
         else if (i == kPageNetscape)
             mobjPages[i] = std::make_unique<frmNetscapeTab>(templates[i], captions[i]);
+        else if (i == kPageOpera)
+            mobjPages[i] = std::make_unique<frmOperaTab>(templates[i], captions[i]);
         else
             mobjPages[i] = std::make_unique<clsTabPage>(templates[i], captions[i]);
         mobjPages[i]->Create(mhInstance, mhWnd, *this);
