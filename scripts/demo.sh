@@ -50,11 +50,8 @@ if [ -d "$prefix" ]; then
 fi
 mkdir -p "$demo"
 rm -rf "$demo"/before "$demo"/after "$demo"/*.txt "$demo"/*.flat "$demo"/*.LOG "$demo"/stop
-# A clone of the base prefix (as the tests make theirs): files hard-linked,
-# the registry and the .ini files copied, since Wine rewrites those in place.
-cp -al "$base/." "$prefix/" && rm -f "$prefix"/*.reg "$prefix"/drive_c/windows/*.ini &&
-    cp "$base"/*.reg "$prefix/" && cp "$base"/drive_c/windows/*.ini "$prefix/drive_c/windows/" ||
-    die "cannot clone $base"
+# A clone of the base prefix, as the tests make theirs.
+"$here/tests/bench/clone-prefix.sh" "$base" "$prefix" || die "cannot clone $base"
 export WINEPREFIX=$prefix
 c_drive=$prefix/drive_c
 winpath() { printf 'Z:%s' "${1//\//\\}"; }
@@ -100,6 +97,13 @@ else
     echo "(No network stand-ins built: Wine's own netapi32 and dhcpcsvc answer.)"
 fi
 echo "Laptop ready: Windows XP, Internet Explorer, Opera, profiles in C:\\Profiles."
+
+# Prints its input, or the text given when there is none.
+or_say() {
+    local text
+    text=$(cat)
+    if [ -n "$text" ]; then printf '%s\n' "$text"; else echo "$1"; fi
+}
 
 # --- Running Rwz.exe ---------------------------------------------------------
 # A modal message box would wait for a click for ever: the bench's dialog
@@ -152,7 +156,27 @@ registry_lines() {  # KEY NAME
         /^["@]/ {
             line = $0
             while (line ~ /\\$/ && (getline more) > 0) { sub(/\\$/, "", line); sub(/^ +/, "", more); line = line more }
-            print key "  " line
+            print key "  " readable(line)
+        }
+        function hex(byte) {
+            byte = tolower(byte)
+            return 16 * (index("0123456789abcdef", substr(byte, 1, 1)) - 1) + index("0123456789abcdef", substr(byte, 2, 1)) - 1
+        }
+        # Multi-strings as their texts; long binary values cut short.
+        function readable(line,    head, data, n, bytes, i, text, list, code) {
+            if (match(line, /=hex\(7\):/)) {
+                head = substr(line, 1, RSTART); data = substr(line, RSTART + RLENGTH)
+                n = split(data, bytes, ","); text = ""; list = ""
+                for (i = 1; i + 1 <= n; i += 2) {
+                    code = hex(bytes[i]) + 256 * hex(bytes[i + 1])
+                    if (code == 0) { if (text != "") list = list (list == "" ? "" : ",") "\"" text "\""; text = "" }
+                    else text = text sprintf("%c", code)
+                }
+                return head "multi-string:" list
+            }
+            if (match(line, /=hex:/) && length(line) - RSTART > 80)
+                return substr(line, 1, RSTART + 76) "... (" int((length(line) - RSTART - 3) / 3) " bytes)"
+            return line
         }'
     rm -f "$file"
 }
@@ -163,7 +187,7 @@ snapshot() {  # NAME: the registry and the profile-like files of the laptop
         registry_lines 'HKLM\SYSTEM\CurrentControlSet' system
         registry_lines 'HKLM\SOFTWARE' software
         registry_lines 'HKCU\Software' user
-    } | grep -v -i -E '^HK(LM|CU)\\(Software\\Wine|SYSTEM\\CurrentControlSet\\Control\\(Print|DeviceClasses|Class\\\{4D36E968))' |
+    } | grep -v -i -E '^HK(LM|CU)\\(Software\\Wine|SYSTEM\\CurrentControlSet\\Control\\(Print|DeviceClasses|Video|Class\\\{4D36E968))' |
         sort >"$demo/$1.flat"
     (cd "$c_drive" && find . -type f \( -iname '*.ini' -o -iname 'prefs.js' -o -iname 'hosts' \
         -o -iname 'lmhosts*' \) -size -2M -not -path './windows/system32/*.ini' -print0 |
@@ -181,21 +205,23 @@ sleep 1
 
 step "2. Applying $profile silently, as a desktop shortcut does"
 sed -n 's/^Comments=/Profile: /p' "$here/examples/$profile" | tr -d '\r'
+calls=$install_dir/NetworkCalls.txt
+calls_before=$(cat "$calls" 2>/dev/null | wc -l)
 start_watcher
 run_rwz /hidden /load "C:\\Profiles\\$profile" /apply
 echo "Done."
+if [ -f "$calls" ]; then
+    echo "The networking services it called (played by the stand-ins; queries left out):"
+    tail -n +$((calls_before + 1)) "$calls" | tr -d '\r' |
+        grep -v -E '^(NetGetJoinInformation|NetApiBufferFree)\b' |
+        awk -F'\t' '{ printf "  %s(", $1; for (i = 2; i <= NF; i++) printf "%s%s", (i > 2 ? ", " : ""), $i; print ")" }' |
+        or_say "  (none)"
+fi
 step "3. The configuration after applying"
 report after
 stop_watcher
 show_dialogs
 snapshot after
-
-# Prints its input, or the text given when there is none.
-or_say() {
-    local text
-    text=$(cat)
-    if [ -n "$text" ]; then printf '%s\n' "$text"; else echo "$1"; fi
-}
 
 step "What the report shows changed (- before, + after)"
 diff -u --label before.txt --label after.txt \
@@ -220,8 +246,8 @@ while IFS= read -r -d '' file; do
     changed=1
     echo "C:\\${rel//\//\\}"
     if [ -f "$demo/before/$rel" ]; then
-        diff -u --label before --label after <(tr -d '\r' <"$demo/before/$rel") <(tr -d '\r' <"$file") |
-            tail -n +3 | grep -E '^[-+]' | sed 's/^/    /'
+        diff -u -B --label before --label after <(tr -d '\r' <"$demo/before/$rel") <(tr -d '\r' <"$file") |
+            tail -n +3 | grep -E '^[-+]' | grep -v -E '^[-+][[:space:]]*$' | sed 's/^/    /'
     fi
 done < <(find "$c_drive" -type f -newer "$demo/applied-after" -print0 2>/dev/null)
 [ $changed = 1 ] || echo "(none besides Roamwise's own log)"
