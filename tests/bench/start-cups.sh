@@ -72,6 +72,8 @@ if [ "$(cat "$config" 2>/dev/null)" != "$(printf '%s' "$wanted")" ]; then
 fi
 # Jobs run as the user who printed: every user may write there.
 $sudo mkdir -p "$out_dir" && $sudo chmod 1777 "$out_dir" || fail "cannot make $out_dir"
+# Printouts of earlier days go.
+$sudo find "$out_dir" -maxdepth 1 -name '*.pdf' -mmin +1440 -delete 2>/dev/null
 
 # --- The scheduler ------------------------------------------------------------
 running() { timeout -k 2 5 lpstat -r 2>/dev/null </dev/null | grep -q "scheduler is running"; }

@@ -414,6 +414,7 @@ TEST(PrintSwitch, PrintsTheReportOnTheDefaultPrinterInCourierNew10) {
     // "ALL RIGHTS " is 11 characters.
     const double advance = (std::stod(reserved[1]) - std::stod(all[1])) / 11;
     EXPECT_NEAR(6.0, advance, 0.1) << "points per character";
+    if (!HasFailure()) DeleteFileA(bench::WindowsPath(pdf).c_str());
 }
 
 TEST(PrintSwitch, AMachineWithoutPrintersPrintsNothingAndSaysSoInTheLog) {
