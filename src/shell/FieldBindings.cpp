@@ -51,8 +51,7 @@ void FieldBindings::AddCheck(int aintControlId, FlagGetter get, FlagSetter set) 
     mBindings.push_back(std::move(binding));
 }
 
-void FieldBindings::AddOptionPair(int aintTrueId, int aintFalseId, FlagGetter get,
-                                  FlagSetter set) {
+void FieldBindings::AddOptionPair(int aintTrueId, int aintFalseId, FlagGetter get, FlagSetter set) {
     Binding binding{aintTrueId, Kind::OptionPair};
     binding.getFlag = std::move(get);
     binding.setFlag = std::move(set);
@@ -60,8 +59,7 @@ void FieldBindings::AddOptionPair(int aintTrueId, int aintFalseId, FlagGetter ge
     mBindings.push_back(std::move(binding));
 }
 
-void FieldBindings::AddList(int aintControlId, ItemsGetter items, TextGetter get,
-                            TextSetter set) {
+void FieldBindings::AddList(int aintControlId, ItemsGetter items, TextGetter get, TextSetter set) {
     Binding binding{aintControlId, Kind::List};
     binding.getItems = std::move(items);
     binding.getText = std::move(get);

@@ -133,16 +133,30 @@ void CopyTree(const std::string& from, const std::string& to) {
     FindClose(search);
 }
 
-DWORD RunAndWait(const std::string& commandLine, DWORD timeoutMs) {
+PROCESS_INFORMATION LaunchProcess(const std::string& application, const std::string& commandLine,
+                                  const std::string& workDir) {
+    std::vector<char> line(commandLine.begin(), commandLine.end());
+    line.push_back('\0');
     STARTUPINFOA startup = {};
     startup.cb = sizeof startup;
     PROCESS_INFORMATION process = {};
-    std::vector<char> line(commandLine.begin(), commandLine.end());
-    line.push_back('\0');
-    if (!CreateProcessA(nullptr, line.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr,
-                        &startup, &process))
-        throw std::runtime_error("cannot start " + commandLine + ": " +
-                                 Win32Message(GetLastError()));
+    // Under heavy load Wine now and then fails to start a process with an
+    // internal error (1359); a try a moment later succeeds.
+    DWORD error = 0;
+    for (int attempt = 0; attempt < 3; ++attempt) {
+        if (attempt > 0) Sleep(500);
+        if (CreateProcessA(application.empty() ? nullptr : application.c_str(), line.data(),
+                           nullptr, nullptr, FALSE, 0, nullptr,
+                           workDir.empty() ? nullptr : workDir.c_str(), &startup, &process))
+            return process;
+        error = GetLastError();
+        if (error != ERROR_INTERNAL_ERROR) break;
+    }
+    throw std::runtime_error("cannot start " + commandLine + ": " + Win32Message(error));
+}
+
+DWORD RunAndWait(const std::string& commandLine, DWORD timeoutMs) {
+    PROCESS_INFORMATION process = LaunchProcess("", commandLine);
     CloseHandle(process.hThread);
     DWORD waited = WaitForSingleObject(process.hProcess, timeoutMs);
     DWORD exitCode = 1;

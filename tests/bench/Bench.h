@@ -56,6 +56,12 @@ void CopyFileReplacing(const std::string& from, const std::string& to);
 // Copies a folder's contents onto another folder, recursively.
 void CopyTree(const std::string& from, const std::string& to);
 
+// Starts a process (`application` "" takes it from the command line), trying
+// again when Wine fails to start it for a passing reason. Throws when it
+// cannot be started. The caller closes both handles.
+PROCESS_INFORMATION LaunchProcess(const std::string& application, const std::string& commandLine,
+                                  const std::string& workDir = std::string());
+
 // Runs a command line and waits; returns its exit code. Throws when it cannot
 // be started or does not end within the time limit (it is then killed).
 DWORD RunAndWait(const std::string& commandLine, DWORD timeoutMs = 30000);

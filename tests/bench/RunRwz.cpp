@@ -112,15 +112,7 @@ HANDLE StartProcess(const std::string& program, const std::string& args, const s
                     DWORD* pid = nullptr) {
     std::string commandLine = "\"" + program + "\"";
     if (!args.empty()) commandLine += " " + args;
-    std::vector<char> line(commandLine.begin(), commandLine.end());
-    line.push_back('\0');
-    STARTUPINFOA startup = {};
-    startup.cb = sizeof startup;
-    PROCESS_INFORMATION process = {};
-    if (!CreateProcessA(program.c_str(), line.data(), nullptr, nullptr, FALSE, 0, nullptr,
-                        workDir.empty() ? nullptr : workDir.c_str(), &startup, &process))
-        throw std::runtime_error("cannot start " + commandLine + " (error " +
-                                 std::to_string(GetLastError()) + ")");
+    PROCESS_INFORMATION process = LaunchProcess(program, commandLine, workDir);
     CloseHandle(process.hThread);
     if (pid) *pid = process.dwProcessId;
     return process.hProcess;

@@ -41,14 +41,8 @@ inline std::string InstallStandInOpera() {
 // keeps the window from being shown.
 inline HANDLE StartStandIn(const std::string& program, const char* windowClass,
                            bool hidden = true) {
-    STARTUPINFOA startup = {};
-    startup.cb = sizeof startup;
-    PROCESS_INFORMATION process = {};
-    std::string line = "\"" + program + "\"" + (hidden ? " /hidden" : "");
-    if (!CreateProcessA(program.c_str(), &line[0], nullptr, nullptr, FALSE, 0, nullptr, nullptr,
-                        &startup, &process)) {
-        throw std::runtime_error("cannot start " + program);
-    }
+    PROCESS_INFORMATION process =
+        LaunchProcess(program, "\"" + program + "\"" + (hidden ? " /hidden" : ""));
     CloseHandle(process.hThread);
     for (int i = 0; i < 200; ++i) {
         if (FindWindowA(windowClass, nullptr)) return process.hProcess;
