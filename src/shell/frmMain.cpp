@@ -27,6 +27,7 @@ namespace {
 
 const char kObject[] = "frmMain";
 const char kOptions[] = "Options";
+const char kWindowClass[] = "RoamwiseMain";
 const char kUnsupportedTitle[] = "Non-Supported Operating System";
 const char kUnsupportedText[] =
     "The current operating system is not supported by this version of Roamwise.  "
@@ -98,6 +99,16 @@ bool frmMain::CreateMainWindow() {
     INITCOMMONCONTROLSEX controls = {sizeof controls, ICC_BAR_CLASSES | ICC_TAB_CLASSES};
     if (!InitCommonControlsEx(&controls)) InitCommonControls();
     mhAccelerators = LoadAcceleratorsA(mhInstance, "MAIN_KEYS");
+    // The class the template names: a dialog's window procedure under a name of its own.
+    WNDCLASSA windowClass = {};
+    windowClass.lpfnWndProc = DefDlgProcA;
+    windowClass.cbWndExtra = DLGWINDOWEXTRA;
+    windowClass.hInstance = mhInstance;
+    windowClass.hCursor = LoadCursorA(nullptr, MAKEINTRESOURCEA(32512));
+    windowClass.hIcon = LoadIconA(nullptr, MAKEINTRESOURCEA(32512));
+    windowClass.hbrBackground = reinterpret_cast<HBRUSH>(COLOR_BTNFACE + 1);
+    windowClass.lpszClassName = kWindowClass;
+    RegisterClassA(&windowClass);
     mhWnd =
         CreateDialogParamA(mhInstance, "MAIN", nullptr, DialogProc, reinterpret_cast<LPARAM>(this));
     if (!mhWnd) return false;
@@ -454,9 +465,7 @@ void frmMain::ProcessCommandLineSwitches(const std::vector<std::string>& avarArg
 
 void frmMain::DisplayAboutDialog() {
     Procedure proc(kObject, "DisplayAboutDialog");
-    proc.Run([&] {
-        DialogBoxParamA(mhInstance, "ABOUTBOX", mhWnd, AboutProc, 0);
-    });
+    proc.Run([&] { DialogBoxParamA(mhInstance, "ABOUTBOX", mhWnd, AboutProc, 0); });
 }
 
 void frmMain::ShowHelpContents() {
