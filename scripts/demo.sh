@@ -216,6 +216,14 @@ if [ -f "$calls" ]; then
         grep -v -E '^(NetGetJoinInformation|NetApiBufferFree)\b' |
         awk -F'\t' '{ printf "  %s(", $1; for (i = 2; i <= NF; i++) printf "%s%s", (i > 2 ? ", " : ""), $i; print ")" }' |
         or_say "  (none)"
+    # The stand-in domain controller took the computer in: from now on the
+    # system says it is a member of that domain.
+    joined=$(tail -n +$((calls_before + 1)) "$calls" | tr -d '\r' |
+        awk -F'\t' '$1 == "NetJoinDomain" && $NF == "result=0" { sub(/^domain=/, "", $3); d = $3 } END { print d }')
+    if [ -n "$joined" ]; then
+        printf '[NetGetJoinInformation]\r\nResult=0\r\nStatus=3\r\nName=%s\r\n' "$joined" \
+            >"$install_dir/NetworkStandIns.ini"
+    fi
 fi
 step "3. The configuration after applying"
 report after
