@@ -20,6 +20,7 @@
 #include "shell/frmCredentialsRes.h"
 #include "shell/frmGeneralTab.h"
 #include "shell/frmGeneralTabRes.h"
+#include "support/DialogScript.h"
 
 namespace rwz {
 namespace {
@@ -88,59 +89,8 @@ TEST(AddressFieldMessage, NamesTheMessageOfEachField) {
 
 // --- Dialogs of this process, answered from a second thread ------------------
 
-std::string Text(HWND window) {
-    char text[512] = "";
-    GetWindowTextA(window, text, sizeof text);
-    return text;
-}
-
-// Runs one step per dialog (class #32770, top-level, visible) of this process
-// in the order they appear; a dialog beyond the script is cancelled and counted.
-class DialogScript {
-  public:
-    using Step = std::function<void(HWND)>;
-    explicit DialogScript(std::vector<Step> steps)
-        : mSteps(std::move(steps)), mThread([this] { Watch(); }) {}
-    ~DialogScript() {
-        mStop = true;
-        mThread.join();
-    }
-    int StepsRun() const { return mStepsRun; }
-    int Unexpected() const { return mUnexpected; }
-
-  private:
-    static BOOL CALLBACK Found(HWND window, LPARAM param) {
-        auto* self = reinterpret_cast<DialogScript*>(param);
-        DWORD process = 0;
-        GetWindowThreadProcessId(window, &process);
-        char className[16] = "";
-        GetClassNameA(window, className, sizeof className);
-        if (process != GetCurrentProcessId() || std::string(className) != "#32770" ||
-            !IsWindowVisible(window) || !self->mSeen.insert(window).second)
-            return TRUE;
-        if (self->mStepsRun < static_cast<int>(self->mSteps.size())) {
-            self->mSteps[self->mStepsRun](window);
-            ++self->mStepsRun;
-        } else {
-            ++self->mUnexpected;
-            PostMessageA(window, WM_COMMAND, IDCANCEL, 0);
-        }
-        return TRUE;
-    }
-    void Watch() {
-        while (!mStop) {
-            EnumWindows(Found, reinterpret_cast<LPARAM>(this));
-            Sleep(20);
-        }
-    }
-
-    std::vector<Step> mSteps;
-    std::atomic<int> mStepsRun{0};
-    std::atomic<int> mUnexpected{0};
-    std::atomic<bool> mStop{false};
-    std::set<HWND> mSeen;
-    std::thread mThread;
-};
+using test::DialogScript;
+using test::Text;
 
 void Click(HWND dialog, int id) {
     PostMessageA(dialog, WM_COMMAND, MAKEWPARAM(id, BN_CLICKED), 0);

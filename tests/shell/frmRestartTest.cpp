@@ -19,69 +19,15 @@
 #include "profile/modRestart.h"
 #include "shell/frmRestart.h"
 #include "shell/frmRestartRes.h"
+#include "support/DialogScript.h"
 
 namespace rwz {
 namespace {
 
 using test::RecordingPowerControl;
 
-std::string Text(HWND window) {
-    char text[512] = "";
-    GetWindowTextA(window, text, sizeof text);
-    return text;
-}
-
-// Acts on this process's dialogs from a second thread, one step per dialog in
-// the order they appear; a dialog beyond the script is cancelled and counted,
-// so that a test fails instead of hanging.
-class DialogScript {
-  public:
-    using Step = std::function<void(HWND)>;
-
-    explicit DialogScript(std::vector<Step> steps)
-        : mSteps(std::move(steps)), mThread([this] { Watch(); }) {}
-    ~DialogScript() {
-        mStop = true;
-        mThread.join();
-    }
-    // Steps that ran, and dialogs that came after the script was done.
-    int StepsRun() const { return mStepsRun; }
-    int Unexpected() const { return mUnexpected; }
-
-  private:
-    static BOOL CALLBACK Found(HWND window, LPARAM param) {
-        auto* self = reinterpret_cast<DialogScript*>(param);
-        DWORD process = 0;
-        GetWindowThreadProcessId(window, &process);
-        char className[16] = "";
-        GetClassNameA(window, className, sizeof className);
-        // Visible means initialised: dialogs are shown after WM_INITDIALOG.
-        if (process != GetCurrentProcessId() || std::string(className) != "#32770" ||
-            !IsWindowVisible(window) || !self->mSeen.insert(window).second)
-            return TRUE;
-        if (self->mStepsRun < static_cast<int>(self->mSteps.size())) {
-            self->mSteps[self->mStepsRun](window);
-            ++self->mStepsRun;
-        } else {
-            ++self->mUnexpected;
-            PostMessageA(window, WM_COMMAND, IDCANCEL, 0);
-        }
-        return TRUE;
-    }
-    void Watch() {
-        while (!mStop) {
-            EnumWindows(Found, reinterpret_cast<LPARAM>(this));
-            Sleep(20);
-        }
-    }
-
-    std::vector<Step> mSteps;
-    std::atomic<int> mStepsRun{0};
-    std::atomic<int> mUnexpected{0};
-    std::atomic<bool> mStop{false};
-    std::set<HWND> mSeen;
-    std::thread mThread;
-};
+using test::DialogScript;
+using test::Text;
 
 // What the restart dialog showed when it opened.
 struct RestartView {
