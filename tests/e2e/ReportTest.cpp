@@ -12,6 +12,7 @@
 #include <set>
 
 #include "bench/Bench.h"
+#include "support/InstalledPrinters.h"
 
 namespace {
 
@@ -296,21 +297,7 @@ std::set<std::string> PdfFiles() {
     return names;
 }
 
-// The installed printers. Listing them loads the spooler into this process,
-// which reads the CUPS queues once; while this process runs, programs it
-// starts take the printer list as it stands.
-std::vector<std::string> Printers() {
-    std::vector<std::string> names;
-    DWORD needed = 0, count = 0;
-    EnumPrintersA(PRINTER_ENUM_LOCAL, nullptr, 2, nullptr, 0, &needed, &count);
-    if (needed == 0) return names;
-    std::vector<BYTE> buffer(needed);
-    if (!EnumPrintersA(PRINTER_ENUM_LOCAL, nullptr, 2, buffer.data(), needed, &needed, &count))
-        return names;
-    const auto* printers = reinterpret_cast<const PRINTER_INFO_2A*>(buffer.data());
-    for (DWORD i = 0; i < count; ++i) names.push_back(printers[i].pPrinterName);
-    return names;
-}
+using rwz::test::InstalledPrinters;
 
 std::string DefaultPrinter() {
     char device[512] = "";
@@ -364,7 +351,7 @@ std::vector<std::string> Comparable(const std::string& text) {
 
 TEST(PrintSwitch, PrintsTheReportOnTheDefaultPrinterInCourierNew10) {
     LoadLaptop();
-    const std::vector<std::string> printers = Printers();
+    const std::vector<std::string> printers = InstalledPrinters();
     ASSERT_TRUE(std::find(printers.begin(), printers.end(), kPrinter) != printers.end())
         << "Wine sees no test printer " << kPrinter << ": start it with tests/bench/start-cups.sh";
     // The laptop's own printers have no device behind them: the user makes the
@@ -420,8 +407,8 @@ TEST(PrintSwitch, PrintsTheReportOnTheDefaultPrinterInCourierNew10) {
 TEST(PrintSwitch, AMachineWithoutPrintersPrintsNothingAndSaysSoInTheLog) {
     LoadLaptop();
     // The printers go; this process keeps Wine from reading them again from
-    // CUPS while the program runs (see Printers()).
-    for (const std::string& name : Printers()) {
+    // CUPS while the program runs (see InstalledPrinters()).
+    for (const std::string& name : InstalledPrinters()) {
         HANDLE printer = nullptr;
         PRINTER_DEFAULTSA access = {nullptr, nullptr, PRINTER_ALL_ACCESS};
         ASSERT_TRUE(OpenPrinterA(const_cast<char*>(name.c_str()), &printer, &access)) << name;
@@ -429,7 +416,7 @@ TEST(PrintSwitch, AMachineWithoutPrintersPrintsNothingAndSaysSoInTheLog) {
         ClosePrinter(printer);
     }
     WriteProfileStringA("windows", "device", nullptr);
-    ASSERT_TRUE(Printers().empty());
+    ASSERT_TRUE(InstalledPrinters().empty());
 
     bench::RunResult run = RunIn(kReports, "/hidden /export C:\\Reports\\none.txt /print");
     EXPECT_EQ(0u, run.exitCode) << run.Describe();

@@ -11,6 +11,7 @@
 #include "report/clsSettings.h"
 #include "report/modReportLayout.h"
 #include "report/modReportPrinter.h"
+#include "support/InstalledPrinters.h"
 
 namespace rwz {
 namespace {
@@ -32,18 +33,7 @@ TEST(ParsePrinterDevice, NameDriverAndPortOfTheDeviceEntry) {
     EXPECT_FALSE(ParsePrinterDevice(",winspool,LPT1:", device));
 }
 
-std::vector<std::string> PrinterNames() {
-    std::vector<std::string> names;
-    DWORD needed = 0, count = 0;
-    EnumPrintersA(PRINTER_ENUM_LOCAL, nullptr, 2, nullptr, 0, &needed, &count);
-    if (needed == 0) return names;
-    std::vector<BYTE> buffer(needed);
-    if (!EnumPrintersA(PRINTER_ENUM_LOCAL, nullptr, 2, buffer.data(), needed, &needed, &count))
-        return names;
-    const auto* printers = reinterpret_cast<const PRINTER_INFO_2A*>(buffer.data());
-    for (DWORD i = 0; i < count; ++i) names.push_back(printers[i].pPrinterName);
-    return names;
-}
+using rwz::test::InstalledPrinters;
 
 // A report of three pages or so: the printer has to break it.
 std::string LongReport() {
@@ -63,7 +53,7 @@ TEST(PrintReport, PrintsOnTheDefaultPrinterAndNothingOnceThePrintersAreGone) {
 
     // The machine loses its printers. This process has read the CUPS queues
     // when it loaded the spooler, so they are not read again before it ends.
-    for (const std::string& name : PrinterNames()) {
+    for (const std::string& name : InstalledPrinters()) {
         HANDLE printer = nullptr;
         PRINTER_DEFAULTSA access = {nullptr, nullptr, PRINTER_ALL_ACCESS};
         ASSERT_TRUE(OpenPrinterA(const_cast<char*>(name.c_str()), &printer, &access)) << name;
