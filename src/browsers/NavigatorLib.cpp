@@ -1,11 +1,11 @@
 #include "browsers/NavigatorLib.h"
 
 #include <windows.h>
-#include <shlobj.h>
 
 #include <memory>
 
 #include "browsers/ZvMozillaLib.h"
+#include "browsers/modShellFolders.h"
 #include "platform/Procedure.h"
 #include "platform/RwzError.h"
 #include "platform/Win32Handles.h"
@@ -30,7 +30,6 @@ const char kBiffUserKey[] =
 const char kMainKey[] = "\\HKEY_CURRENT_USER\\Software\\Netscape\\Netscape Navigator\\Main";
 const char kMailState[] = "\\mail\\popstate.dat";
 const char kPrefsName[] = "prefs.js";
-constexpr int kAppDataFolder = 26;  // CSIDL_APPDATA
 
 const char kNoPrefsFileText[] = "Could not locate Navigator preferences file.";
 // VB's runtime error for a number too large for its type.
@@ -147,23 +146,6 @@ std::string WindowsDrive() {
     char folder[MAX_PATH + 1] = {};
     const UINT length = GetWindowsDirectoryA(folder, sizeof folder);
     return length == 0 || length > MAX_PATH ? std::string() : DriveOf(folder);
-}
-
-// The user's application data folder (shell folder 26); "" where the system has
-// none. SHGetSpecialFolderLocation and SHGetPathFromIDListA are in every
-// supported system's shell32; the ID list is freed through the shell's allocator.
-std::string AppDataFolder() {
-    LPITEMIDLIST list = nullptr;
-    if (FAILED(SHGetSpecialFolderLocation(nullptr, kAppDataFolder, &list)) || !list)
-        return std::string();
-    char path[MAX_PATH] = {};  // 260 characters
-    const BOOL found = SHGetPathFromIDListA(list, path);
-    IMalloc* allocator = nullptr;
-    if (SUCCEEDED(SHGetMalloc(&allocator)) && allocator) {
-        allocator->Free(list);
-        allocator->Release();
-    }
-    return found ? WithoutTrailingSlash(path) : std::string();
 }
 
 // The first folder matching "*.slt" in a folder; "" when there is none.
@@ -394,7 +376,7 @@ void NavigatorLib::FindPerUserProfiles() {
 void NavigatorLib::FindMozillaProfiles() {
     Procedure proc(kObject, "FindMozillaProfiles");
     proc.Run([&] {
-        const std::string appData = AppDataFolder();
+        const std::string appData = GetShellFolderPath(kShellFolderAppData);
         if (appData.empty()) return;
         const std::string registryFile = appData + "\\Mozilla\\registry.dat";
         Note("Searching for Prefs: " + registryFile);
