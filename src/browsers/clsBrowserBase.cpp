@@ -130,8 +130,8 @@ const std::vector<clsBrowserBase::SectionKey>& clsBrowserBase::KeysOf(BrowserSec
 }
 
 std::optional<std::string> clsBrowserBase::ReadSectionValue(const std::string& astrFile,
-                                                         const std::string& astrSection,
-                                                         const std::string& astrKey) {
+                                                            const std::string& astrSection,
+                                                            const std::string& astrKey) {
     const std::string value = StripNulls(ReadProfileString(astrFile, astrSection, astrKey, ""));
     if (value == kIgnoreValue) return std::nullopt;
     return EvaluateCondition(value);

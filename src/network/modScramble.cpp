@@ -1,6 +1,5 @@
 #include "network/modScramble.h"
 
-
 namespace rwz {
 
 namespace {

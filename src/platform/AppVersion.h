@@ -11,6 +11,8 @@
 #include <string>
 namespace rwz {
 // major "." minor "." revision, in decimal.
-inline std::string ProgramVersionText() { return RWZ_VERSION_TEXT; }
+inline std::string ProgramVersionText() {
+    return RWZ_VERSION_TEXT;
+}
 }  // namespace rwz
 #endif

@@ -7,7 +7,7 @@ namespace rwz {
 namespace {
 
 class SystemPowerControl : public IPowerControl {
-public:
+  public:
     BOOL EndSession(UINT flags) override { return ExitWindowsEx(flags, 0); }
 
     BOOL SetPowerState(BOOL suspend, BOOL force) override {
@@ -43,7 +43,9 @@ IPowerControl* gPowerControl = &gSystemPowerControl;
 
 }  // namespace
 
-IPowerControl& PowerControl() { return *gPowerControl; }
+IPowerControl& PowerControl() {
+    return *gPowerControl;
+}
 
 void SetPowerControl(IPowerControl* control) {
     gPowerControl = control ? control : &gSystemPowerControl;

@@ -8,7 +8,7 @@
 namespace rwz {
 
 class IPowerControl {
-public:
+  public:
     virtual ~IPowerControl() = default;
     // ExitWindowsEx(flags, 0). Nonzero when the system accepted the request.
     virtual BOOL EndSession(UINT flags) = 0;

@@ -8,7 +8,9 @@ Procedure::Procedure(const char* object, const char* name) : mObject(object), mN
     WriteLog(std::string(mObject) + " - " + mName, kLogDebug);
 }
 
-std::string Procedure::Where() const { return std::string(mObject) + ":" + mName; }
+std::string Procedure::Where() const {
+    return std::string(mObject) + ":" + mName;
+}
 
 void Procedure::Log(const std::string& text) const {
     WriteLog(std::string(mObject) + " - " + mName + ": " + text, kLogDebug);

@@ -19,7 +19,7 @@
 namespace rwz {
 
 class Procedure {
-public:
+  public:
     // Writes the entry line "object - name" at level Debug.
     Procedure(const char* object, const char* name);
 
@@ -78,7 +78,7 @@ public:
         }
     }
 
-private:
+  private:
     void Fail(const std::exception& error) const;
 
     const char* mObject;

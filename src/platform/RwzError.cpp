@@ -14,16 +14,26 @@ ErrorInfo gPending;
 
 namespace Err {
 
-const ErrorInfo& Pending() { return gPending; }
-int32_t Number() { return gPending.Number; }
-const std::string& Source() { return gPending.Source; }
-const std::string& Description() { return gPending.Description; }
+const ErrorInfo& Pending() {
+    return gPending;
+}
+int32_t Number() {
+    return gPending.Number;
+}
+const std::string& Source() {
+    return gPending.Source;
+}
+const std::string& Description() {
+    return gPending.Description;
+}
 
 void Record(int32_t number, std::string source, std::string description) {
     gPending = ErrorInfo{number, std::move(source), std::move(description)};
 }
 
-void Record(const ErrorInfo& info) { gPending = info; }
+void Record(const ErrorInfo& info) {
+    gPending = info;
+}
 
 void Raise(int32_t number, std::string source, std::string description) {
     Record(number, source, description);
@@ -40,25 +50,40 @@ void RecordException(const std::exception& error) {
     }
 }
 
-void Clear() { gPending = ErrorInfo{}; }
+void Clear() {
+    gPending = ErrorInfo{};
+}
 
 }  // namespace Err
 
 std::string RuntimeErrorText(int32_t number) {
     switch (number) {
-        case kErrInvalidProcedureCall: return "Invalid procedure call or argument";
-        case kErrOutOfMemory: return "Out of memory";
-        case kErrSubscriptOutOfRange: return "Subscript out of range";
-        case kErrTypeMismatch: return "Type mismatch";
-        case kErrInternal: return "Internal error";
-        case kErrBadFileName: return "Bad file name or number";
-        case kErrFileNotFound: return "File not found";
-        case kErrBadFileMode: return "Bad file mode";
-        case kErrDiskFull: return "Disk full";
-        case kErrPathFileAccess: return "Path/File access error";
-        case kErrPermissionDenied: return "Permission denied";
-        case kErrPathNotFound: return "Path not found";
-        default: return "Application-defined or object-defined error";
+        case kErrInvalidProcedureCall:
+            return "Invalid procedure call or argument";
+        case kErrOutOfMemory:
+            return "Out of memory";
+        case kErrSubscriptOutOfRange:
+            return "Subscript out of range";
+        case kErrTypeMismatch:
+            return "Type mismatch";
+        case kErrInternal:
+            return "Internal error";
+        case kErrBadFileName:
+            return "Bad file name or number";
+        case kErrFileNotFound:
+            return "File not found";
+        case kErrBadFileMode:
+            return "Bad file mode";
+        case kErrDiskFull:
+            return "Disk full";
+        case kErrPathFileAccess:
+            return "Path/File access error";
+        case kErrPermissionDenied:
+            return "Permission denied";
+        case kErrPathNotFound:
+            return "Path not found";
+        default:
+            return "Application-defined or object-defined error";
     }
 }
 

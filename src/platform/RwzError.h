@@ -38,7 +38,7 @@ struct ErrorInfo {
 
 // Thrown to raise an error to the caller.
 class RwzError : public std::exception {
-public:
+  public:
     RwzError(int32_t number, std::string source, std::string description);
     explicit RwzError(ErrorInfo info) : mInfo(std::move(info)) {}
 
@@ -48,7 +48,7 @@ public:
     const std::string& Description() const { return mInfo.Description; }
     const char* what() const noexcept override { return mInfo.Description.c_str(); }
 
-private:
+  private:
     ErrorInfo mInfo;
 };
 

@@ -7,13 +7,13 @@
 namespace rwz {
 
 class WaitCursor {
-public:
+  public:
     WaitCursor() : mPrevious(SetCursor(LoadCursorA(nullptr, MAKEINTRESOURCEA(32514)))) {}
     ~WaitCursor() { SetCursor(mPrevious); }
     WaitCursor(const WaitCursor&) = delete;
     WaitCursor& operator=(const WaitCursor&) = delete;
 
-private:
+  private:
     HCURSOR mPrevious;
 };
 

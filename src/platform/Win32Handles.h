@@ -11,7 +11,7 @@ namespace rwz {
 // handles that mean "none".
 template <class H, class Traits>
 class UniqueHandle {
-public:
+  public:
     UniqueHandle() = default;
     explicit UniqueHandle(H handle) : mHandle(handle) {}
     ~UniqueHandle() { Reset(); }
@@ -38,7 +38,7 @@ public:
         return Traits::Close(old);
     }
 
-private:
+  private:
     H mHandle = Traits::None();
 };
 

@@ -45,13 +45,13 @@ struct RegistryValueRow {
 
 // Error numbers raised by the class.
 constexpr int32_t kRegistryApiError = kObjectError + 256;  // store failures
-constexpr int32_t kRegistryNoCurrentKey = 1;                   // + kObjectError
+constexpr int32_t kRegistryNoCurrentKey = 1;               // + kObjectError
 constexpr int32_t kRegistryInvalidRoot = 2;
 constexpr int32_t kRegistryTypeMismatch = 3;
 constexpr int32_t kRegistryUnknownType = 4;
 
 class clsEasyRegistry {
-public:
+  public:
     clsEasyRegistry() = default;
     ~clsEasyRegistry();
     clsEasyRegistry(const clsEasyRegistry&) = delete;
@@ -85,7 +85,7 @@ public:
     // True on the NT family of systems.
     bool IsWindowsNT() const;
 
-private:
+  private:
     // Opens a path ("\", "..", ".", absolute or relative) with the given rights.
     void OpenKey(const std::string& astrPath, REGSAM alngAccess);
     // Reopens the current key with other rights; false when that failed.

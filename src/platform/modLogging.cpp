@@ -23,15 +23,22 @@ std::string TwoDigits(int value) {
 
 }  // namespace
 
-std::string LogFilePath() { return ProgramFolder() + "\\" + "DEBUG.LOG"; }
+std::string LogFilePath() {
+    return ProgramFolder() + "\\" + "DEBUG.LOG";
+}
 
 std::string LevelWord(int level) {
     switch (level) {
-        case kLogInformation: return "Information";
-        case kLogWarning: return "Warning";
-        case kLogError: return "ERROR";
-        case kLogDebug: return "Debug";
-        default: return "";  // deliberately no default word
+        case kLogInformation:
+            return "Information";
+        case kLogWarning:
+            return "Warning";
+        case kLogError:
+            return "ERROR";
+        case kLogDebug:
+            return "Debug";
+        default:
+            return "";  // deliberately no default word
     }
 }
 
@@ -40,9 +47,8 @@ std::string FormatLogLine(unsigned long threadId, const SYSTEMTIME& now,
     char id[16];
     std::snprintf(id, sizeof id, "%08lX", threadId & 0xFFFFFFFFul);
     return std::string("[0x") + id + "][" + TwoDigits(now.wMonth) + "/" + TwoDigits(now.wDay) +
-           "/" + TwoDigits(now.wYear) + " " + TwoDigits(now.wHour) + ":" +
-           TwoDigits(now.wMinute) + ":" + TwoDigits(now.wSecond) + "] - " + levelWord + " - " +
-           message;
+           "/" + TwoDigits(now.wYear) + " " + TwoDigits(now.wHour) + ":" + TwoDigits(now.wMinute) +
+           ":" + TwoDigits(now.wSecond) + "] - " + levelWord + " - " + message;
 }
 
 void WriteLogHeader() {

@@ -18,8 +18,12 @@ std::unique_ptr<IBrowser> CreateInternetExplorerConfig() {
     return std::make_unique<InternetExplorerLib>();
 }
 
-std::unique_ptr<IBrowser> CreateNavigatorConfig() { return std::make_unique<NavigatorLib>(); }
+std::unique_ptr<IBrowser> CreateNavigatorConfig() {
+    return std::make_unique<NavigatorLib>();
+}
 
-std::unique_ptr<IBrowser> CreateOperaConfig() { return std::make_unique<OperaLib>(); }
+std::unique_ptr<IBrowser> CreateOperaConfig() {
+    return std::make_unique<OperaLib>();
+}
 
 }  // namespace rwz

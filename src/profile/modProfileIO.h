@@ -25,7 +25,11 @@ void WriteProfileString(const std::string& astrFile, const std::string& astrSect
                         const std::string& astrKey, const std::string& astrValue);
 
 // Flags in profiles are "1" and "0"; true only for exactly "1".
-inline bool ProfileFlag(const std::string& astrValue) { return astrValue == "1"; }
-inline const char* ProfileFlagText(bool ablnValue) { return ablnValue ? "1" : "0"; }
+inline bool ProfileFlag(const std::string& astrValue) {
+    return astrValue == "1";
+}
+inline const char* ProfileFlagText(bool ablnValue) {
+    return ablnValue ? "1" : "0";
+}
 
 }  // namespace rwz

@@ -49,8 +49,8 @@ int ExecuteRestartOption(const std::string& astrCode) {
 
         auto exitWindows = [&](UINT flags) {
             const BOOL result = PowerControl().EndSession(flags | force);
-            proc.Log("ExitWindowsEx(" + std::to_string(flags | force) + ", 0) = " +
-                     std::to_string(result));
+            proc.Log("ExitWindowsEx(" + std::to_string(flags | force) +
+                     ", 0) = " + std::to_string(result));
             return static_cast<int>(result);
         };
         if (code == kRestartNone) return 0;

@@ -8,7 +8,7 @@
 namespace rwz {
 
 class clsMRUList {
-public:
+  public:
     // Full paths, most recent first.
     const std::vector<std::string>& FileList() const { return mcolFiles; }
 
@@ -28,7 +28,7 @@ public:
     static int MaxFiles();
     static constexpr int kMaxFiles = 20;
 
-private:
+  private:
     std::vector<std::string> mcolFiles;
 };
 

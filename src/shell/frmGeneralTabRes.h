@@ -1,12 +1,12 @@
 // Control ids of the General page of the main window.
 #pragma once
 
-#define IDC_GEN_ADAPTER 3001       // adapter box
-#define IDC_GEN_ADAPTERTYPE 3002   // "[type]" beside it
+#define IDC_GEN_ADAPTER 3001      // adapter box
+#define IDC_GEN_ADAPTERTYPE 3002  // "[type]" beside it
 #define IDC_GEN_TCPFRAME 3003
 #define IDC_GEN_DHCP 3004
 #define IDC_GEN_IPADDRESS 3005
-#define IDC_GEN_IPINDEX 3006       // which entry of the address and mask lists
+#define IDC_GEN_IPINDEX 3006  // which entry of the address and mask lists
 #define IDC_GEN_IPMASK 3007
 #define IDC_GEN_GATEWAY 3008
 #define IDC_GEN_DNSSERVERS 3009
@@ -24,7 +24,7 @@
 #define IDC_GEN_USEDOMAIN 3021
 #define IDC_GEN_WORKGROUP 3022
 #define IDC_GEN_NTDOMAIN 3023
-#define IDC_GEN_ACCOUNT 3024       // "Domain Account..."
+#define IDC_GEN_ACCOUNT 3024  // "Domain Account..."
 #define IDC_GEN_SETPRINTER 3025
 #define IDC_GEN_PRINTER 3026
 #define IDC_GEN_PRINTERPORT 3027

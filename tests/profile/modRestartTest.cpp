@@ -15,7 +15,7 @@ namespace {
 using test::RecordingPowerControl;
 
 class RestartTest : public ::testing::Test {
-protected:
+  protected:
     void SetUp() override {
         mSaved = GetRestartPreference();
         SetPowerControl(&power);
@@ -26,7 +26,7 @@ protected:
     }
     RecordingPowerControl power;
 
-private:
+  private:
     std::string mSaved;
 };
 

@@ -13,7 +13,7 @@ namespace {
 using Files = std::vector<std::string>;
 
 class MRUListTest : public ::testing::Test {
-protected:
+  protected:
     void SetUp() override { DeleteProgramSetting(kProductName, "Recent"); }
     void TearDown() override { DeleteProgramSetting(kProductName, "Recent"); }
 

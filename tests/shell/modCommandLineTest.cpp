@@ -19,7 +19,8 @@ TEST(CommandLineArgs, SplitsAtEverySlashKeepingBlanksAndDroppingQuotes) {
     const Case cases[] = {
         {"/hidden /load C:\\Profiles\\Office.rwz /apply /reboot",
          {"hidden ", "load C:\\Profiles\\Office.rwz ", "apply ", "reboot"}},
-        {"/load \"C:\\My Profiles\\Home.rwz\" /apply", {"load C:\\My Profiles\\Home.rwz ", "apply"}},
+        {"/load \"C:\\My Profiles\\Home.rwz\" /apply",
+         {"load C:\\My Profiles\\Home.rwz ", "apply"}},
         {"C:\\x.rwz", {"C:\\x.rwz"}},
         {"before /after", {"before ", "after"}},
         {"/load C:/x.rwz", {"load C:", "x.rwz"}},  // a slash inside a value splits it
@@ -49,9 +50,12 @@ TEST(CommandLineSwitch, ValueSkipsTheNameAndAnyOneCharacter) {
         const char* value;
     };
     const Case cases[] = {
-        {"load c:\\x.rwz ", "c:\\x.rwz "}, {"load=c:\\x.rwz", "c:\\x.rwz"},
-        {"load:c:\\x.rwz", "c:\\x.rwz"},   {"loadc:\\x.rwz", ":\\x.rwz"},
-        {"load", ""},                      {"load ", ""},
+        {"load c:\\x.rwz ", "c:\\x.rwz "},
+        {"load=c:\\x.rwz", "c:\\x.rwz"},
+        {"load:c:\\x.rwz", "c:\\x.rwz"},
+        {"loadc:\\x.rwz", ":\\x.rwz"},
+        {"load", ""},
+        {"load ", ""},
     };
     for (const Case& c : cases) EXPECT_EQ(c.value, SwitchValue(c.entry, "load")) << c.entry;
 }
@@ -62,8 +66,7 @@ TEST(CommandLineLog, NeverShowsAPassword) {
         const char* logged;
     };
     const Case cases[] = {
-        {"/load a.rwz /uid jsmith /pwd s3cret /apply",
-         "/load a.rwz /uid jsmith /pwd **** /apply"},
+        {"/load a.rwz /uid jsmith /pwd s3cret /apply", "/load a.rwz /uid jsmith /pwd **** /apply"},
         {"/PWD=s3cret", "/PWD=****"},
         {"/pwd \"two words\" /apply", "/pwd **** /apply"},
         {"/pwd", "/pwd"},

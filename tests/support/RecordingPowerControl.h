@@ -10,7 +10,7 @@
 namespace rwz::test {
 
 class RecordingPowerControl : public IPowerControl {
-public:
+  public:
     BOOL EndSession(UINT flags) override {
         calls.push_back("ExitWindowsEx " + std::to_string(flags));
         return TRUE;
