@@ -6,6 +6,7 @@
 
 #include "platform/AppVersion.h"
 #include "platform/RwzError.h"
+#include "platform/Win32Handles.h"
 #include "platform/modAPI.h"
 #include "platform/modUtilities.h"
 
@@ -80,10 +81,20 @@ void WriteLog(const std::string& message, int level) {
     GetLocalTime(&now);
     const std::string line =
         FormatLogLine(GetCurrentThreadId(), now, LevelWord(level), message) + "\r\n";
-    FILE* file = std::fopen(LogFilePath().c_str(), "ab");
+    // Several running copies may write here. Opening the file without write
+    // sharing makes each open-write-close a whole line: another writer waits a
+    // moment for its turn rather than writing over this line.
+    KernelHandle file;
+    for (int attempt = 0; attempt < 100 && !file; ++attempt) {
+        file.Reset(CreateFileA(LogFilePath().c_str(), GENERIC_WRITE, FILE_SHARE_READ, nullptr,
+                               OPEN_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr));
+        if (!file && GetLastError() != ERROR_SHARING_VIOLATION) return;
+        if (!file) Sleep(1);
+    }
     if (!file) return;  // the line is lost; logging never disturbs the caller
-    std::fwrite(line.data(), 1, line.size(), file);
-    std::fclose(file);
+    SetFilePointer(file.Get(), 0, nullptr, FILE_END);
+    DWORD written = 0;
+    WriteFile(file.Get(), line.data(), static_cast<DWORD>(line.size()), &written, nullptr);
 }
 
 void LogError(const std::string& where) {

@@ -88,7 +88,12 @@ run_in_clone() {
         wineserver -p 60
         wine cmd /c exit
     ) >/dev/null 2>&1 </dev/null
-    WINEPREFIX=$clone timeout -k 10 "$limit" wine "$exe" "$@" </dev/null
+    # The program runs from a copy in its own prefix: what it writes beside
+    # itself (DEBUG.LOG, language files) is then its own, not shared with the
+    # programs that run at the same time.
+    local program=$clone/drive_c/tests/$(basename "$exe")
+    mkdir -p "$clone/drive_c/tests" && cp "$exe" "$program" || return 1
+    WINEPREFIX=$clone timeout -k 10 "$limit" wine "$program" "$@" </dev/null
     rc=$?
     [ $rc -eq 124 ] && echo "run-tests: time limit of $limit s reached" >&2
     drop_clone "$clone"
