@@ -7,6 +7,7 @@
 
 #include "bench/Bench.h"
 #include "browsers/RegistryDatWriter.h"
+#include "support/RawRegistry.h"
 
 namespace rwz::test {
 
@@ -69,24 +70,6 @@ void WriteMozillaRegistry(const std::string& astrFolder) {
         }
     }
     bench::WriteFile(MozillaRegistryFile(), MakeMozillaRegistry(profiles, current));
-}
-
-void DeleteKeyTree(HKEY aRoot, const std::string& astrKey) {
-    HKEY key = nullptr;
-    if (RegOpenKeyExA(aRoot, astrKey.c_str(), 0, KEY_ENUMERATE_SUB_KEYS, &key) != ERROR_SUCCESS)
-        return;
-    std::vector<std::string> children;
-    char name[512];
-    for (DWORD index = 0;; ++index) {
-        DWORD length = sizeof name;
-        if (RegEnumKeyExA(key, index, name, &length, nullptr, nullptr, nullptr, nullptr) !=
-            ERROR_SUCCESS)
-            break;
-        children.emplace_back(name, length);
-    }
-    RegCloseKey(key);
-    for (const std::string& child : children) DeleteKeyTree(aRoot, astrKey + "\\" + child);
-    RegDeleteKeyA(aRoot, astrKey.c_str());
 }
 
 }  // namespace
@@ -155,9 +138,9 @@ void DeleteTree(const std::string& astrFolder) {
 
 void RemoveNetscape() {
     for (const char* exe : kNetscapePrograms)
-        DeleteKeyTree(HKEY_LOCAL_MACHINE, std::string(kAppPaths) + exe);
-    DeleteKeyTree(HKEY_LOCAL_MACHINE, "SOFTWARE\\Netscape");
-    DeleteKeyTree(HKEY_CURRENT_USER, "Software\\Netscape");
+        test::RawDeleteTree(HKEY_LOCAL_MACHINE, std::string(kAppPaths) + exe);
+    test::RawDeleteTree(HKEY_LOCAL_MACHINE, "SOFTWARE\\Netscape");
+    test::RawDeleteTree(HKEY_CURRENT_USER, "Software\\Netscape");
     for (const char* folder : kNetscapeFolders) DeleteTree(folder);
     DeleteTree(AppDataFolder() + "\\Mozilla");
     HKEY options = nullptr;

@@ -140,7 +140,7 @@ INSTANTIATE_TEST_SUITE_P(
                                {1, 0, 0, 0});
                }},
         Damage{"NoConnectionKey",
-               [] { DeleteKeyTree(HKEY_LOCAL_MACHINE, kConnections + "\\" + kLaptopWired); }},
+               [] { RawDeleteTree(HKEY_LOCAL_MACHINE, kConnections + "\\" + kLaptopWired); }},
         Damage{"NoPnpInstance",
                [] {
                    DeleteStored(HKEY_LOCAL_MACHINE,

@@ -708,7 +708,7 @@ TEST_F(NetConfig2KTest, WithoutAnAdapterOrItsKeyTheAdapterSettingsArePassedOver)
     for (const char* machine : {"xp-no-network", "xp-laptop"}) {
         SCOPED_TRACE(machine);
         Load(machine);
-        DeleteKeyTree(HKEY_LOCAL_MACHINE, InterfaceKey(kLaptopWired));
+        RawDeleteTree(HKEY_LOCAL_MACHINE, InterfaceKey(kLaptopWired));
         auto config = Capture();
         mServices.ClearCalls();
         config->SetIPAddress("10.0.0.5");

@@ -42,7 +42,7 @@ void ClearNetworkRegistry() {
           ccs + "Services\\Tcpip\\Parameters\\Interfaces",
           ccs + "Services\\NetBT\\Parameters\\Interfaces", ccs + "Services\\VxD\\MSTCP",
           std::string("Software\\Roamwise")}) {
-        DeleteKeyTree(HKEY_LOCAL_MACHINE, key);
+        RawDeleteTree(HKEY_LOCAL_MACHINE, key);
     }
     DeleteStored(HKEY_LOCAL_MACHINE, kNetBTParameters, "ScopeID");
     DeleteStored(HKEY_LOCAL_MACHINE, kTcpipParameters, "SearchList");
@@ -50,25 +50,12 @@ void ClearNetworkRegistry() {
 
     // The printers, but not the key the spooler keeps its folder in.
     const std::string printers = ccs + "Control\\Print\\Printers";
-    HKEY key = nullptr;
-    if (RegOpenKeyExA(HKEY_LOCAL_MACHINE, printers.c_str(), 0, KEY_READ, &key) == ERROR_SUCCESS) {
-        std::vector<std::string> names;
-        char name[512];
-        for (DWORD i = 0;; ++i) {
-            DWORD length = sizeof name;
-            if (RegEnumKeyExA(key, i, name, &length, nullptr, nullptr, nullptr, nullptr) !=
-                ERROR_SUCCESS)
-                break;
-            names.emplace_back(name, length);
-        }
-        RegCloseKey(key);
-        for (const std::string& printer : names)
-            DeleteKeyTree(HKEY_LOCAL_MACHINE, printers + "\\" + printer);
-    }
+    for (const std::string& printer : RawSubKeys(HKEY_LOCAL_MACHINE, printers))
+        RawDeleteTree(HKEY_LOCAL_MACHINE, printers + "\\" + printer);
     const std::string windows = "Software\\Microsoft\\Windows NT\\CurrentVersion\\";
     DeleteStored(HKEY_CURRENT_USER, windows + "Windows", "Device");
-    DeleteKeyTree(HKEY_CURRENT_USER, windows + "Devices");
-    DeleteKeyTree(HKEY_CURRENT_USER, windows + "PrinterPorts");
+    RawDeleteTree(HKEY_CURRENT_USER, windows + "Devices");
+    RawDeleteTree(HKEY_CURRENT_USER, windows + "PrinterPorts");
 }
 
 bench::Machine LoadMachine(const std::string& astrName) {
@@ -328,23 +315,6 @@ void DeleteStored(HKEY ahRoot, const std::string& astrKey, const std::string& as
     if (RegOpenKeyExA(ahRoot, astrKey.c_str(), 0, KEY_SET_VALUE, &key) != ERROR_SUCCESS) return;
     RegDeleteValueA(key, astrValue.c_str());
     RegCloseKey(key);
-}
-
-void DeleteKeyTree(HKEY ahRoot, const std::string& astrKey) {
-    HKEY key = nullptr;
-    if (RegOpenKeyExA(ahRoot, astrKey.c_str(), 0, KEY_READ, &key) != ERROR_SUCCESS) return;
-    std::vector<std::string> children;
-    char name[512];
-    for (DWORD i = 0;; ++i) {
-        DWORD length = sizeof name;
-        if (RegEnumKeyExA(key, i, name, &length, nullptr, nullptr, nullptr, nullptr) !=
-            ERROR_SUCCESS)
-            break;
-        children.emplace_back(name, length);
-    }
-    RegCloseKey(key);
-    for (const std::string& child : children) DeleteKeyTree(ahRoot, astrKey + "\\" + child);
-    RegDeleteKeyA(ahRoot, astrKey.c_str());
 }
 
 std::string InterfaceKey(const std::string& astrAdapterKey) {

@@ -14,6 +14,7 @@
 #include "bench/Bench.h"
 #include "bench/standins/NetworkStandIns.h"
 #include "network/NetworkServices.h"
+#include "support/RawRegistry.h"
 
 namespace rwz::test {
 
@@ -111,8 +112,6 @@ void WriteStored(HKEY ahRoot, const std::string& astrKey, const std::string& ast
 void WriteStoredText(HKEY ahRoot, const std::string& astrKey, const std::string& astrValue,
                      const std::string& astrText);
 void DeleteStored(HKEY ahRoot, const std::string& astrKey, const std::string& astrValue);
-// Deletes a key with everything below it; no error when it is missing.
-void DeleteKeyTree(HKEY ahRoot, const std::string& astrKey);
 
 // The places the back end writes for an adapter, below HKEY_LOCAL_MACHINE.
 std::string InterfaceKey(const std::string& astrAdapterKey);

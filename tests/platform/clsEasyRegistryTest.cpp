@@ -9,7 +9,7 @@
 #include <limits>
 
 #include "platform/modUtilities.h"
-#include "RegistryTestSupport.h"
+#include "support/RawRegistry.h"
 
 namespace rwz {
 namespace {

@@ -11,7 +11,7 @@
 #include <thread>
 #include <vector>
 
-#include "RegistryTestSupport.h"
+#include "support/RawRegistry.h"
 #include "platform/modLogging.h"
 
 namespace rwz {

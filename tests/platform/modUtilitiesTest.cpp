@@ -5,7 +5,7 @@
 
 #include <cstdio>
 
-#include "RegistryTestSupport.h"
+#include "support/RawRegistry.h"
 
 namespace rwz {
 namespace {

@@ -10,20 +10,28 @@
 
 namespace rwz::test {
 
-// Deletes a key with everything below it; a missing key is fine.
-inline void RawDeleteTree(HKEY root, const std::string& path) {
+// The names of a key's sub-keys; none for a missing key.
+inline std::vector<std::string> RawSubKeys(HKEY root, const std::string& path) {
+    std::vector<std::string> names;
     HKEY key = nullptr;
-    if (RegOpenKeyExA(root, path.c_str(), 0, KEY_ALL_ACCESS, &key) != ERROR_SUCCESS) return;
-    for (;;) {
-        char name[1024];
+    if (RegOpenKeyExA(root, path.c_str(), 0, KEY_READ, &key) != ERROR_SUCCESS) return names;
+    char name[1024];
+    for (DWORD index = 0;; ++index) {
         DWORD length = sizeof name;
-        if (RegEnumKeyExA(key, 0, name, &length, nullptr, nullptr, nullptr, nullptr) !=
-            ERROR_SUCCESS) {
+        if (RegEnumKeyExA(key, index, name, &length, nullptr, nullptr, nullptr, nullptr) !=
+            ERROR_SUCCESS)
             break;
-        }
-        RawDeleteTree(key, name);
+        names.emplace_back(name, length);
     }
     RegCloseKey(key);
+    return names;
+}
+
+// Deletes a key with everything below it; a missing key is fine. The sub-keys
+// are listed first, so a sub-key that cannot be deleted cannot keep it busy.
+inline void RawDeleteTree(HKEY root, const std::string& path) {
+    for (const std::string& child : RawSubKeys(root, path))
+        RawDeleteTree(root, path + "\\" + child);
     RegDeleteKeyA(root, path.c_str());
 }
 
