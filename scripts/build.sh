@@ -9,12 +9,19 @@ build_root=${RWZ_BUILD_ROOT:-$here/build}
 
 "$here/scripts/install-deps.sh"
 
+# A compiler cache, when the machine has one, makes rebuilds of other checkouts cheap.
+launcher=()
+if command -v ccache >/dev/null 2>&1; then
+    export CCACHE_BASEDIR=${CCACHE_BASEDIR:-$(dirname "$here")}
+    launcher=(-DCMAKE_C_COMPILER_LAUNCHER=ccache -DCMAKE_CXX_COMPILER_LAUNCHER=ccache)
+fi
+
 configure() {  # tree toolchain extra-args...
     local tree=$1 toolchain=$2
     shift 2
     if [ ! -f "$build_root/$tree/build.ninja" ]; then
         cmake -S "$here" -B "$build_root/$tree" -G Ninja -DCMAKE_BUILD_TYPE=Release \
-            -DCMAKE_TOOLCHAIN_FILE="$here/cmake/$toolchain" "$@" >/dev/null
+            -DCMAKE_TOOLCHAIN_FILE="$here/cmake/$toolchain" "${launcher[@]}" "$@" >/dev/null
     fi
 }
 

@@ -4,7 +4,7 @@
 set -uo pipefail
 packages=(cmake ninja-build googletest g++-mingw-w64-x86-64 g++-mingw-w64-i686
           binutils-mingw-w64 wine wine64 xvfb xauth imagemagick
-          cups printer-driver-cups-pdf poppler-utils fonts-liberation)
+          cups printer-driver-cups-pdf poppler-utils fonts-liberation ccache)
 missing=()
 for p in "${packages[@]}"; do
     dpkg-query -W -f='${Status}' "$p" 2>/dev/null | grep -q "install ok installed" || missing+=("$p")

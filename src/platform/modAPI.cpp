@@ -119,6 +119,32 @@ std::string OSTagFor(DWORD platformId, DWORD major, DWORD minor) {
     }
 }
 
+OSFamily OSFamilyOf(const std::string& astrTag) {
+    if (astrTag == kOS9x) return OSFamily::Win9x;
+    if (astrTag == kOSNT) return OSFamily::NT4;
+    if (astrTag == kOS2K) return OSFamily::Win2K;
+    if (astrTag == kOSXP) return OSFamily::XP;
+    if (astrTag == kOS2003) return OSFamily::Server2003;
+    return OSFamily::Unsupported;
+}
+
+const char* OSTagOf(OSFamily aFamily) {
+    switch (aFamily) {
+        case OSFamily::Win9x:
+            return kOS9x;
+        case OSFamily::NT4:
+            return kOSNT;
+        case OSFamily::Win2K:
+            return kOS2K;
+        case OSFamily::XP:
+            return kOSXP;
+        case OSFamily::Server2003:
+            return kOS2003;
+        default:
+            return "";
+    }
+}
+
 std::string GetCurrentOSTag() {
     Procedure proc("modAPI", "GetCurrentOSTag");
     return proc.Run([&] {

@@ -15,6 +15,19 @@ inline constexpr const char* kOS2K = "2K";
 inline constexpr const char* kOSXP = "XP";
 inline constexpr const char* kOS2003 = "2003";
 
+// The families of systems the program tells apart. Code compares families; the
+// tags above are what the log, the profiles and conditional values carry.
+enum class OSFamily { Unsupported, Win9x, NT4, Win2K, XP, Server2003 };
+
+OSFamily OSFamilyOf(const std::string& astrTag);
+// The tag of a family; "" for Unsupported.
+const char* OSTagOf(OSFamily aFamily);
+// 2000, XP and Server 2003: one network back end, the networking services.
+inline bool IsNT5Family(OSFamily aFamily) {
+    return aFamily == OSFamily::Win2K || aFamily == OSFamily::XP ||
+           aFamily == OSFamily::Server2003;
+}
+
 // The version record of the running system: the extended record first, then
 // the plain one, as older systems reject the extended one. False when both fail.
 bool QueryOSVersion(OSVERSIONINFOEXA& version);
