@@ -92,6 +92,12 @@ class frmMain : public ITabHost {
     void ExitApplication();
     std::string ProfileFolder() const;
 
+    // Add-ins and the update check (frmMainAddIns.cpp, frmMainUpdates.cpp).
+    static constexpr size_t kMaxAddIns = 100;
+    void InitializeAddIns();
+    void mnuAddIns_Click(int aintIndex);
+    void CheckForUpdates();
+
     HINSTANCE mhInstance;
     HWND mhWnd = nullptr;
     HWND mhToolbar = nullptr;
@@ -120,6 +126,7 @@ class frmMain : public ITabHost {
     clsMRUList mobjMRU;
     std::unique_ptr<clsRwzConfig> mobjConfig;
     AddInCollection mcolAddIns;
+    std::vector<std::string> mstrAddInNames;  // the collection's keys, in its order
 };
 
 }  // namespace rwz
