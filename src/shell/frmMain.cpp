@@ -259,6 +259,8 @@ void frmMain::OnCommand(int aintId) {
         OpenMRUFile(aintId - IDM_FILE_MRU_FIRST);
         return;
     }
+    if (aintId >= IDM_ADDIN_FIRST && aintId < IDM_ADDIN_FIRST + static_cast<int>(kMaxAddIns))
+        return mnuAddIns_Click(aintId - IDM_ADDIN_FIRST);
     for (int page = 0; page < kPageCount; ++page)
         if (aintId == kAreaCommands[page]) return ToggleArea(page);
     switch (aintId) {
@@ -280,6 +282,8 @@ void frmMain::OnCommand(int aintId) {
             return ShowHelpContents();
         case IDM_HELP_ABOUT:
             return DisplayAboutDialog();
+        case IDM_HELP_UPDATE:
+            return CheckForUpdates();
     }
 }
 
@@ -318,6 +322,7 @@ void frmMain::Form_Load() {
         mobjMRU.GetRecentList();
         InitializeMenu();
         InitializeForm();
+        InitializeAddIns();
 
         const std::string text = CommandLineText();
         if (!text.empty()) {
