@@ -13,6 +13,7 @@
 #include "profile/clsRwzConfig.h"
 #include "profile/modRestart.h"
 #include "report/clsSettings.h"
+#include "shell/frmAbout.h"
 #include "shell/frmExplorerTab.h"
 #include "shell/frmGeneralTab.h"
 #include "shell/frmMainRes.h"
@@ -56,18 +57,6 @@ const ToolbarButton kToolbarButtons[] = {
 };
 const int kAreaCommands[] = {IDM_AREA_GENERAL, IDM_AREA_IE, IDM_AREA_NETSCAPE, IDM_AREA_OPERA};
 
-INT_PTR CALLBACK AboutProc(HWND dialog, UINT message, WPARAM wParam, LPARAM) {
-    if (message == WM_INITDIALOG) {
-        SetDlgItemTextA(dialog, IDC_ABOUT_VERSION, ("Version " + ProgramVersionText()).c_str());
-        return TRUE;
-    }
-    if (message == WM_COMMAND && (LOWORD(wParam) == IDOK || LOWORD(wParam) == IDCANCEL)) {
-        EndDialog(dialog, LOWORD(wParam));
-        return TRUE;
-    }
-    return FALSE;
-}
-
 // Widths of the status bar panels 2 to 4; panel 1 takes the rest.
 const int kPanelWidths[] = {0, 110, 90, 110};
 
@@ -109,9 +98,7 @@ bool frmMain::CreateMainWindow() {
     windowClass.hbrBackground = reinterpret_cast<HBRUSH>(COLOR_BTNFACE + 1);
     windowClass.lpszClassName = kWindowClass;
     RegisterClassA(&windowClass);
-    mhWnd =
-        CreateDialogParamA(mhInstance, "MAIN", nullptr, DialogProc, reinterpret_cast<LPARAM>(this));
-    if (!mhWnd) return false;
+    if (!Create("MAIN", nullptr, mhInstance)) return false;
     mhTabs = GetDlgItem(mhWnd, IDC_MAIN_TABS);
     CreateBars();
     CreatePages();
@@ -209,52 +196,44 @@ void frmMain::Layout() {
     }
 }
 
-INT_PTR CALLBACK frmMain::DialogProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
-    if (message == WM_INITDIALOG) {
-        SetWindowLongPtrA(window, DWLP_USER, lParam);
-        reinterpret_cast<frmMain*>(lParam)->mhWnd = window;
-        return TRUE;
-    }
-    auto* form = reinterpret_cast<frmMain*>(GetWindowLongPtrA(window, DWLP_USER));
-    return form ? form->HandleMessage(message, wParam, lParam) : FALSE;
-}
-
-INT_PTR frmMain::HandleMessage(UINT message, WPARAM wParam, LPARAM lParam) {
+bool frmMain::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
     switch (message) {
-        case WM_COMMAND:
-            OnCommand(LOWORD(wParam));
-            return TRUE;
-        case WM_NOTIFY: {
-            const auto* header = reinterpret_cast<const NMHDR*>(lParam);
-            if (header->hwndFrom == mhTabs && header->code == TCN_SELCHANGE) {
-                const int selected = static_cast<int>(SendMessageA(mhTabs, TCM_GETCURSEL, 0, 0));
-                if (selected >= 0 && mblnInstalled[selected])
-                    SelectPage(selected);
-                else
-                    SelectFirstEnabledPage();
-            }
-            return TRUE;
-        }
         case WM_SIZE:
             Layout();
-            return TRUE;
+            return true;
         case WM_ACTIVATE:
             if (LOWORD(wParam) != WA_INACTIVE && !mblnActivated) {
                 mblnActivated = true;
                 OnFirstActivation();
             }
-            return FALSE;
+            return false;
         case WM_CLOSE:
             ExitApplication();
-            return TRUE;
+            return true;
         case WM_DESTROY:
             PostQuitMessage(0);
-            return TRUE;
+            return true;
     }
-    return FALSE;
+    return clsDialog::OnMessage(message, wParam, lParam);
 }
 
-void frmMain::OnCommand(int aintId) {
+bool frmMain::OnCommand(int aintId, int, HWND) {
+    RunCommand(aintId);
+    return true;
+}
+
+bool frmMain::OnNotify(const NMHDR& header, LRESULT&) {
+    if (header.hwndFrom == mhTabs && header.code == TCN_SELCHANGE) {
+        const int selected = static_cast<int>(SendMessageA(mhTabs, TCM_GETCURSEL, 0, 0));
+        if (selected >= 0 && mblnInstalled[selected])
+            SelectPage(selected);
+        else
+            SelectFirstEnabledPage();
+    }
+    return true;
+}
+
+void frmMain::RunCommand(int aintId) {
     if (aintId >= IDM_FILE_MRU_FIRST && aintId < IDM_FILE_MRU_FIRST + clsMRUList::kMaxFiles) {
         OpenMRUFile(aintId - IDM_FILE_MRU_FIRST);
         return;
@@ -470,7 +449,7 @@ void frmMain::ProcessCommandLineSwitches(const std::vector<std::string>& avarArg
 
 void frmMain::DisplayAboutDialog() {
     Procedure proc(kObject, "DisplayAboutDialog");
-    proc.Run([&] { DialogBoxParamA(mhInstance, "ABOUTBOX", mhWnd, AboutProc, 0); });
+    proc.Run([&] { frmAbout().Show(mhWnd); });
 }
 
 void frmMain::ShowHelpContents() {
@@ -481,12 +460,7 @@ void frmMain::ShowHelpContents() {
 void frmMain::Unload() {
     mblnUnloaded = true;
     mobjPages = {};
-    if (mhWnd) {
-        HWND window = mhWnd;
-        mhWnd = nullptr;
-        SetWindowLongPtrA(window, DWLP_USER, 0);
-        DestroyWindow(window);
-    }
+    Destroy();
     // The window procedure is detached, so the message loop is told directly.
     PostQuitMessage(0);
 }

@@ -13,6 +13,7 @@
 
 #include "platform/Win32Handles.h"
 #include "profile/IAddIn.h"
+#include "shell/clsDialog.h"
 #include "shell/clsMRUList.h"
 #include "shell/clsTabPage.h"
 
@@ -20,12 +21,10 @@ namespace rwz {
 
 class clsRwzConfig;
 
-class frmMain : public ITabHost {
+class frmMain : public clsDialog, public ITabHost {
   public:
     explicit frmMain(HINSTANCE instance);
     ~frmMain() override;
-    frmMain(const frmMain&) = delete;
-    frmMain& operator=(const frmMain&) = delete;
 
     // Creates the window, runs Form_Load and, unless the program ended there,
     // shows the window and runs the message loop. Returns the exit code.
@@ -39,9 +38,10 @@ class frmMain : public ITabHost {
     // Status bar panels, numbered from 1 as users see them.
     static constexpr int kPanelCount = 4;
 
-    static INT_PTR CALLBACK DialogProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
-    INT_PTR HandleMessage(UINT message, WPARAM wParam, LPARAM lParam);
-    void OnCommand(int aintId);
+    bool OnMessage(UINT message, WPARAM wParam, LPARAM lParam) override;
+    bool OnCommand(int aintId, int aintCode, HWND control) override;
+    bool OnNotify(const NMHDR& header, LRESULT& result) override;
+    void RunCommand(int aintId);
 
     // Start-up (frmMain.cpp).
     bool CreateMainWindow();
@@ -99,7 +99,6 @@ class frmMain : public ITabHost {
     void CheckForUpdates();
 
     HINSTANCE mhInstance;
-    HWND mhWnd = nullptr;
     HWND mhToolbar = nullptr;
     HWND mhStatusBar = nullptr;
     HWND mhTabs = nullptr;
