@@ -263,6 +263,8 @@ void frmMain::RunCommand(int aintId) {
             return DisplayAboutDialog();
         case IDM_HELP_UPDATE:
             return CheckForUpdates();
+        case IDM_TOOLS_ADDINS:
+            return mnuAddInTools_Click();
     }
 }
 

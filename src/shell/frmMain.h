@@ -96,6 +96,8 @@ class frmMain : public clsDialog, public ITabHost {
     static constexpr size_t kMaxAddIns = 100;
     void InitializeAddIns();
     void mnuAddIns_Click(int aintIndex);
+    void mnuAddInTools_Click();
+    void DisplayAddInManager();
     void CheckForUpdates();
 
     HINSTANCE mhInstance;

@@ -7,6 +7,7 @@
 #include "platform/modLogging.h"
 #include "profile/clsRwzConfig.h"
 #include "shell/clsAddInObject.h"
+#include "shell/frmAddIns.h"
 #include "shell/frmMain.h"
 #include "shell/frmMainRes.h"
 #include "shell/modAddIns.h"
@@ -26,6 +27,8 @@ enum : int16_t {
 
 }  // namespace
 
+// Also run again after the manager: add-ins still offered keep their objects
+// (and what they hold), newly offered ones are created, the others dropped.
 void frmMain::InitializeAddIns() {
     Procedure proc(kObject, "InitializeAddIns");
     proc.RunThen(
@@ -33,6 +36,10 @@ void frmMain::InitializeAddIns() {
             HMENU tools = GetSubMenu(GetMenu(mhWnd), kToolsMenu);
             for (size_t i = 0; i < mstrAddInNames.size(); ++i)
                 DeleteMenu(tools, IDM_ADDIN_FIRST + static_cast<UINT>(i), MF_BYCOMMAND);
+            if (!mstrAddInNames.empty())  // the separator before the entries
+                DeleteMenu(tools, GetMenuItemCount(tools) - 1, MF_BYPOSITION);
+            const AddInCollection previous = mcolAddIns;
+            const std::vector<std::string> previousNames = mstrAddInNames;
             mcolAddIns.clear();
             mstrAddInNames.clear();
 
@@ -44,14 +51,18 @@ void frmMain::InitializeAddIns() {
                 }
                 if (mstrAddInNames.size() >= kMaxAddIns) break;
                 std::shared_ptr<IAddIn> addIn;
-                try {
-                    addIn = clsAddInObject::Create(entry.Class);
-                } catch (const std::exception& error) {
-                    Err::RecordException(error);
-                    LogError("frmMain:InitializeAddIns");
-                    ShowMessage("Error referencing Add-In control: '" + entry.Class + "'.",
-                                MB_OK | MB_ICONEXCLAMATION);
-                    continue;
+                for (size_t i = 0; i < previousNames.size(); ++i)
+                    if (previousNames[i] == entry.Name) addIn = previous[i];
+                if (!addIn) {
+                    try {
+                        addIn = clsAddInObject::Create(entry.Class);
+                    } catch (const std::exception& error) {
+                        Err::RecordException(error);
+                        LogError("frmMain:InitializeAddIns");
+                        ShowMessage("Error referencing Add-In control: '" + entry.Class + "'.",
+                                    MB_OK | MB_ICONEXCLAMATION);
+                        continue;
+                    }
                 }
                 // The entries follow the manager's command, after a separator.
                 if (mstrAddInNames.empty()) AppendMenuA(tools, MF_SEPARATOR, 0, nullptr);
@@ -101,6 +112,21 @@ void frmMain::mnuAddIns_Click(int aintIndex) {
             ShowMessage(MessageText(kMsgAddInError, {key}) + "\r\n\r\n" + Err::Description(),
                         MB_OK | MB_ICONEXCLAMATION);
         });
+}
+
+void frmMain::mnuAddInTools_Click() {
+    Procedure proc(kObject, "mnuAddInTools_Click");
+    proc.Run([&] { DisplayAddInManager(); });
+}
+
+void frmMain::DisplayAddInManager() {
+    Procedure proc(kObject, "DisplayAddInManager");
+    proc.Run([&] {
+        frmAddIns manager;
+        manager.Show(mhWnd);
+        // Switching an add-in on or off shows at once in the menu.
+        InitializeAddIns();
+    });
 }
 
 }  // namespace rwz

@@ -8,6 +8,7 @@
 #include "RwzSession.h"
 #include "addins/hosts/HostsAddInRes.h"
 #include "bench/Bench.h"
+#include "shell/frmAddInsRes.h"
 #include "shell/frmMainRes.h"
 
 namespace {
@@ -47,8 +48,9 @@ bool Has(const std::string& text, const std::string& part) {
 TEST(AddIns, OnXPItsEntryOpensItsEditorAndAChangeMarksTheProfileChanged) {
     bench::Machine machine("xp-laptop");
     InstallHostsAddIn();
-    RwzSession rwz({bench::Answer("OK").Title("Hosts File").Set(IDC_HOSTS_ENTRIES, "10.9.8.7 intranet"),
-                    bench::Answer("&No").Title("Roamwise")});
+    RwzSession rwz(
+        {bench::Answer("OK").Title("Hosts File").Set(IDC_HOSTS_ENTRIES, "10.9.8.7 intranet"),
+         bench::Answer("&No").Title("Roamwise")});
     EXPECT_EQ("Hosts File...", rwz.MenuText(IDM_ADDIN_FIRST));
     EXPECT_TRUE(rwz.Command(IDM_ADDIN_FIRST));
     rwz.Close();
@@ -81,14 +83,39 @@ TEST(AddIns, AProfileAppliesItsHostsEntriesAndKeepsTheRestOfTheFile) {
                      "[Hosts File]\r\nEntries=2\r\nEntry1=10.9.8.7 intranet\r\n"
                      "Entry2=10.9.8.8 mail\r\n");
 
-    bench::RunResult run = bench::RunRwz("/hidden /load C:\\hosts.rwz",
-                                         {bench::Answer("OK").Title("Roamwise")});
+    bench::RunResult run =
+        bench::RunRwz("/hidden /load C:\\hosts.rwz", {bench::Answer("OK").Title("Roamwise")});
 
-    EXPECT_EQ("127.0.0.1 localhost\r\n"
-              "# Roamwise hosts entries: begin\r\n10.9.8.7 intranet\r\n10.9.8.8 mail\r\n"
-              "# Roamwise hosts entries: end\r\n",
-              bench::ReadFileText(kHostsFile))
+    EXPECT_EQ(
+        "127.0.0.1 localhost\r\n"
+        "# Roamwise hosts entries: begin\r\n10.9.8.7 intranet\r\n10.9.8.8 mail\r\n"
+        "# Roamwise hosts entries: end\r\n",
+        bench::ReadFileText(kHostsFile))
         << run.Describe();
+}
+
+TEST(AddIns, TheManagerListsAnAddInSwitchesItOffAndShowsItsAboutBox) {
+    bench::Machine machine("xp-laptop");
+    InstallHostsAddIn();
+    // The manager stays open after the about box: the watcher then closes it
+    // with its default button, Close.
+    RwzSession rwz({bench::Answer("&About...").Title("Add-In Manager").Uncheck(IDC_ADDINS_ACTIVE),
+                    bench::Answer("OK").Title("About Hosts File Add-In")});
+    EXPECT_EQ("Hosts File...", rwz.MenuText(IDM_ADDIN_FIRST));
+    EXPECT_TRUE(rwz.Command(IDM_TOOLS_ADDINS));
+    EXPECT_EQ("", rwz.MenuText(IDM_ADDIN_FIRST));
+    rwz.Close();
+
+    ASSERT_EQ(3u, rwz.dialogs.size()) << rwz.log;
+    const bench::DialogRecord& manager = rwz.dialogs[0];
+    EXPECT_TRUE(Has(manager.text, bench::InstallDir() + "\\AddIns\\RwzHosts.dll")) << manager;
+    EXPECT_TRUE(Has(manager.text, "1.0.0")) << manager;
+    EXPECT_TRUE(manager.Control(IDC_ADDINS_ACTIVE)->checked) << manager;
+    EXPECT_EQ("Close", rwz.dialogs[2].answerText);
+    std::string active;
+    EXPECT_TRUE(bench::ReadRegistryString(
+        HKEY_LOCAL_MACHINE, "Software\\Roamwise\\Add-Ins\\Hosts File", "Active", active));
+    EXPECT_EQ("0", active);
 }
 
 // A class that is not registered, or an add-in that fails: the user is told,
@@ -118,9 +145,11 @@ TEST(AddIns, AnAddInWhoseShowFailsIsReportedAndTheWindowGoesOn) {
     rwz.Close();
 
     ASSERT_EQ(2u, rwz.dialogs.size()) << rwz.log;
-    EXPECT_EQ("An error occurred while attempting to access an Add-In [Hosts File].\n\n"
-              "The hosts file '" + std::string(kHostsFile) + "' could not be read.",
-              rwz.dialogs[0].text);
+    EXPECT_EQ(
+        "An error occurred while attempting to access an Add-In [Hosts File].\n\n"
+        "The hosts file '" +
+            std::string(kHostsFile) + "' could not be read.",
+        rwz.dialogs[0].text);
     EXPECT_TRUE(Has(rwz.log, "frmMain:mnuAddIns_Click")) << rwz.log;
     EXPECT_TRUE(rwz.DialogsAsScripted());
 }
