@@ -1,13 +1,12 @@
 #include "shell/clsUpdateCheck.h"
 
 #include <windows.h>
-#include <shellapi.h>
 
-#include "localization/modLocalization.h"
 #include "network/modScramble.h"
 #include "platform/AppVersion.h"
 #include "platform/Procedure.h"
 #include "platform/WaitCursor.h"
+#include "shell/frmUpdateCheck.h"
 
 namespace rwz {
 
@@ -45,6 +44,7 @@ void clsUpdateCheck::Check() {
 
 void clsUpdateCheck::ShowResult(const Result& aobjResult) const {
     const std::string current = ProgramVersionText();
+    frmUpdateCheck dialog;
     switch (aobjResult.outcome) {
         case Outcome::Newer: {
             std::string text =
@@ -53,21 +53,21 @@ void clsUpdateCheck::ShowResult(const Result& aobjResult) const {
             if (!aobjResult.page.Released.empty())
                 text += " (released " + aobjResult.page.Released + ")";
             if (!aobjResult.page.Notes.empty()) text += "\r\n" + aobjResult.page.Notes;
-            text += "\r\n\r\nWould you like to open the update page now?\r\n" + mstrUpdateURL;
-            if (ShowMessage(text, MB_YESNO | MB_ICONQUESTION, mstrTitle) == IDYES)
-                ShellExecuteA(GetActiveWindow(), "open", mstrUpdateURL.c_str(), nullptr, nullptr,
-                              SW_SHOWNORMAL);
+            text += "\r\n\r\nThe update page: " + mstrUpdateURL;
+            dialog.Show(GetActiveWindow(), frmUpdateCheck::Kind::Newer, mstrTitle, text,
+                        mstrUpdateURL);
             break;
         }
         case Outcome::Same:
-            ShowMessage("You have the latest version of Roamwise (" + current + ").",
-                        MB_OK | MB_ICONINFORMATION, mstrTitle);
+            dialog.Show(GetActiveWindow(), frmUpdateCheck::Kind::Same, mstrTitle,
+                        "You have the latest version of Roamwise (" + current + ").", "");
             break;
         case Outcome::Failed:
-            ShowMessage("Roamwise could not check for a newer version.\r\n\r\n" +
+            dialog.Show(GetActiveWindow(), frmUpdateCheck::Kind::Failed, mstrTitle,
+                        "Roamwise could not check for a newer version.\r\n\r\n" +
                             aobjResult.problem + "\r\n\r\nPlease try again later, or visit " +
                             mstrHomePageURL,
-                        MB_OK | MB_ICONEXCLAMATION, mstrTitle);
+                        "");
             break;
     }
 }

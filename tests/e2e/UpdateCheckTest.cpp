@@ -20,14 +20,14 @@ struct Row {
 };
 
 const Row kRows[] = {
-    {"Newer", "examples/rwz_version.htm", "&No", "New version: 1.2.0 (released 2026-12-01)", 0},
-    {"Same", "same", "OK", "You have the latest version of Roamwise (1.0.0).", 0},
-    {"Malformed", "malformed", "OK", "The version page names no version.", 0},
-    {"Empty", "empty", "OK", "The version page names no version.", 0},
-    {"Binary", "binary", "OK", "The version page is not a text page of the expected form.", 0},
-    {"TenMegabytes", "big", "OK", "is far larger than a version page.", 0},
-    {"NeverAnswers", "silent", "OK", "did not answer within 10 seconds.", 9000},
-    {"NobodyListens", "", "OK", "refused the connection or cannot be reached.", 0},
+    {"Newer", "examples/rwz_version.htm", "Close", "New version: 1.2.0 (released 2026-12-01)", 0},
+    {"Same", "same", "Close", "You have the latest version of Roamwise (1.0.0).", 0},
+    {"Malformed", "malformed", "Close", "The version page names no version.", 0},
+    {"Empty", "empty", "Close", "The version page names no version.", 0},
+    {"Binary", "binary", "Close", "The version page is not a text page of the expected form.", 0},
+    {"TenMegabytes", "big", "Close", "is far larger than a version page.", 0},
+    {"NeverAnswers", "silent", "Close", "did not answer within 10 seconds.", 9000},
+    {"NobodyListens", "", "Close", "refused the connection or cannot be reached.", 0},
 };
 
 class UpdateCheck : public ::testing::TestWithParam<Row> {};
