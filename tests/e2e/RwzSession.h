@@ -18,7 +18,7 @@
 
 class RwzSession : public bench::WatchResult {
   public:
-    // Installs the built Rwz.exe, starts it and waits for its main window.
+    // Installs the built Rwz.exe, starts it and waits until its main window is shown.
     explicit RwzSession(const std::vector<bench::Answer>& script) : mWatch(script) {
         bench::CopyFileReplacing(bench::BuildDir() + "\\bin\\Rwz.exe", bench::InstalledRwz());
         mProcess = bench::LaunchProcess(bench::InstalledRwz(), "\"" + bench::InstalledRwz() + "\"",
@@ -70,7 +70,9 @@ class RwzSession : public bench::WatchResult {
         DWORD pid = 0;
         GetWindowThreadProcessId(window, &pid);
         GetClassNameA(window, name, sizeof name);
-        if (pid != session->mProcess.dwProcessId || std::string(name) != "RoamwiseMain")
+        // Visible: start-up (and whatever it asked) is over.
+        if (pid != session->mProcess.dwProcessId || std::string(name) != "RoamwiseMain" ||
+            !IsWindowVisible(window))
             return TRUE;
         session->mWindow = window;
         return FALSE;
