@@ -38,13 +38,6 @@ class RwzSession : public bench::WatchResult {
     // Runs a menu command; false when the window did not finish it in time.
     bool Command(int id, DWORD timeoutMs = 60000) { return Send(WM_COMMAND, id, timeoutMs); }
 
-    // The caption of a menu command, "" when the menu has no such entry.
-    std::string MenuText(int id) const {
-        char text[256] = "";
-        GetMenuStringA(GetMenu(mWindow), id, text, sizeof text, MF_BYCOMMAND);
-        return text;
-    }
-
     // Closes the window as the user does, waits for the program's end and
     // collects the dialogs and the debug log.
     void Close() {
