@@ -49,7 +49,9 @@ void SetUpdates(const std::string& name, const std::string& value) {
 TEST_P(UpdateCheck, EndsInOneMessageWithinItsTimeOuts) {
     const Row& row = GetParam();
     bench::Machine machine("xp-laptop");
-    const std::string folder = "/tmp/rwz-update-" + std::to_string(GetCurrentProcessId());
+    // One folder per case and build tree: cases run side by side, each in a
+    // prefix of its own where process ids repeat.
+    const std::string folder = UnixEnv("RWZ_BUILD_DIR") + "/update-check/" + row.name;
     const std::string windowsFolder = bench::WindowsPath(folder);
     bench::MakeFolders(windowsFolder);
     for (const char* file : {"port", "request", "stop"})
