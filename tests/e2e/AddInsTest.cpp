@@ -76,7 +76,10 @@ TEST(AddIns, OnWindows98AnAddInForXPIsNotOffered) {
 TEST(AddIns, AProfileAppliesItsHostsEntriesAndKeepsTheRestOfTheFile) {
     bench::Machine machine("xp-laptop");
     InstallHostsAddIn("Roamwise.HostsFile", "*");
-    bench::WriteFile(kHostsFile, "127.0.0.1 localhost\r\n");
+    // The block of an earlier apply is replaced where it stands.
+    bench::WriteFile(kHostsFile,
+                     "127.0.0.1 localhost\r\n# Roamwise hosts entries: begin\r\n10.0.0.1 old\r\n"
+                     "# Roamwise hosts entries: end\r\n::1 localhost\r\n");
     bench::WriteFile("C:\\hosts.rwz",
                      "[Enabled Sections]\r\nGeneral=0\r\nInternet Explorer=0\r\n"
                      "Netscape Navigator=0\r\nOpera=0\r\n[Advanced]\r\nAutoApply=1\r\n"
@@ -89,7 +92,7 @@ TEST(AddIns, AProfileAppliesItsHostsEntriesAndKeepsTheRestOfTheFile) {
     EXPECT_EQ(
         "127.0.0.1 localhost\r\n"
         "# Roamwise hosts entries: begin\r\n10.9.8.7 intranet\r\n10.9.8.8 mail\r\n"
-        "# Roamwise hosts entries: end\r\n",
+        "# Roamwise hosts entries: end\r\n::1 localhost\r\n",
         bench::ReadFileText(kHostsFile))
         << run.Describe();
 }
