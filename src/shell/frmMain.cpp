@@ -378,7 +378,9 @@ void frmMain::InitializeForm() {
                 ExitProcess(0);
             }
 
-            SetChanged(false);  // nothing to save or apply yet
+            // Nothing to save or apply yet: the toolbar's second button (Save) and
+            // the File menu's first two items (Save, Apply) start disabled.
+            SetChanged(false);
 
             if (mobjConfig->IEInstalled()) step("Internet Explorer is Installed");
             if (mobjConfig->NNInstalled()) step("Netscape Navigator/Mozilla is Installed");
