@@ -191,10 +191,19 @@ TEST(Options, ARecentFilesLengthThatIsNoNumberFromZeroToTwentyChangesNothing) {
         }
         ASSERT_TRUE(DialogCameAndWent("Options")) << row.typed;
         const bench::WatchResult& seen = watch.Stop();
-        EXPECT_TRUE(seen.DialogsAsScripted()) << row.typed;
+        EXPECT_EQ(0u, seen.scriptLeft) << row.typed;
         if (refused) {
-            ASSERT_EQ(2u, seen.dialogs.size()) << row.typed;
-            EXPECT_EQ("Please enter a numeric value from 0 to 20.", seen.dialogs[1].text);
+            // On a slow machine the watcher may press the waiting dialog's OK
+            // again: each press is refused the same way.
+            ASSERT_GE(seen.dialogs.size(), 2u) << row.typed;
+            for (const bench::DialogRecord& dialog : seen.dialogs) {
+                if (dialog.title == "Roamwise")
+                    EXPECT_EQ("Please enter a numeric value from 0 to 20.", dialog.text);
+                else
+                    EXPECT_EQ("Options", dialog.title);
+            }
+        } else {
+            EXPECT_TRUE(seen.DialogsAsScripted()) << row.typed;
         }
         EXPECT_EQ(row.stored, Setting("Recent", "MaxFile")) << row.typed;
     }
