@@ -86,7 +86,8 @@ void ModifyCredentials(INetConfig& aobjNet, HWND owner) {
             form.SetPromptForCredentials(false);
         }
         if (form.Show(owner) < 0)
-            Err::Raise(kDialogFailed, "frmCredentials", "The credentials dialog cannot be shown.");
+            throw RwzError(kDialogFailed, "frmCredentials",
+                           "The credentials dialog cannot be shown.");
         if (form.Cancelled()) return;
         if (form.PromptForCredentials()) {
             aobjNet.SetNTDomainUserName(kPromptPlaceholder);
@@ -105,7 +106,8 @@ bool PromptForCredentials(INetConfig& aobjNet, HWND owner) {
         frmCredentials form;
         form.SetShowPrompt(false);
         if (form.Show(owner) < 0)
-            Err::Raise(kDialogFailed, "frmCredentials", "The credentials dialog cannot be shown.");
+            throw RwzError(kDialogFailed, "frmCredentials",
+                           "The credentials dialog cannot be shown.");
         if (form.Cancelled()) return;
         blnCancelled = false;
         aobjNet.SetNTDomainUserName(form.UserName());

@@ -52,6 +52,13 @@ class frmMain : public clsDialog, public ITabHost {
     void InitializeForm();
     void ProcessCommandLineSwitches(const std::vector<std::string>& avarArgs);
     void DisplayAboutDialog();
+    void ShowOptions();
+    void ShowLanguage();
+    // The captions of the window, its tabs, menus and tool tips in the current
+    // language; built-in English where the language file has no text.
+    void ApplyLanguage();
+    // The caption of the machine's current configuration, or of the profile file.
+    void UpdateCaption();
     void ShowHelpContents();
     void Unload();
     void Layout();
@@ -86,6 +93,7 @@ class frmMain : public clsDialog, public ITabHost {
     // or to a printer chosen in the Print dialog.
     void ExportSettings();
     void PrintSettings();
+    void PrintSetup();
     void InitializeMenu();
     // False when the user chose to keep the window open.
     bool Form_QueryUnload();
@@ -112,6 +120,16 @@ class frmMain : public clsDialog, public ITabHost {
     KernelHandle mhCopyMutex;
     std::array<bool, kPanelCount> mblnPanelVisible{{true, true, true, true}};
     std::array<std::string, kPanelCount> mstrPanelText;
+    // The built-in captions of the menu items, in menu order (separators left
+    // out). Commands are found by id, as the recent files move them; popups by
+    // position.
+    struct MenuCaption {
+        HMENU menu;
+        UINT item;
+        bool byPosition;
+        std::string text;
+    };
+    std::vector<MenuCaption> mcolMenuCaptions;
 
     std::string mstrOS;
     bool mblnActivated = false;
