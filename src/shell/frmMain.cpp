@@ -141,7 +141,9 @@ bool frmMain::CreateMainWindow() {
     windowClass.hbrBackground = reinterpret_cast<HBRUSH>(COLOR_BTNFACE + 1);
     windowClass.lpszClassName = kWindowClass;
     RegisterClassA(&windowClass);
-    if (!Create("MAIN", nullptr, mhInstance)) return false;
+    // Giving the first control the focus activates the window while it is
+    // created; a second copy is unloaded right there and goes on to end.
+    if (!Create("MAIN", nullptr, mhInstance) && !mblnUnloaded) return false;
     mhTabs = GetDlgItem(mhWnd, IDC_MAIN_TABS);
     CollectMenuItems(GetMenu(mhWnd), mcolMenuCaptions);
     CreateBars();
