@@ -49,7 +49,7 @@ const ComRuntime& Com() {
                     Bind(automation, "SysStringLen", com.SysStringLen) &&
                     Bind(automation, "VariantClear", com.VariantClear) &&
                     Bind(automation, "VariantChangeType", com.VariantChangeType);
-    if (!ok) Err::Raise(kErrCannotCreate, kSource, "COM (ole32, oleaut32) is not installed");
+    if (!ok) throw RwzError(kErrCannotCreate, kSource, "COM (ole32, oleaut32) is not installed");
     // The user-interface thread is the only one; the libraries stay loaded
     // for the program's life.
     com.CoInitialize(nullptr);
@@ -104,7 +104,7 @@ std::shared_ptr<clsAddInObject> clsAddInObject::Create(const std::string& astrCl
         FAILED(com.CoCreateInstance(classId, nullptr, CLSCTX_INPROC_SERVER | CLSCTX_LOCAL_SERVER,
                                     kIIDDispatch, reinterpret_cast<void**>(&dispatch))) ||
         !dispatch)
-        Err::Raise(kErrCannotCreate, kSource, "ActiveX component can't create object");
+        throw RwzError(kErrCannotCreate, kSource, "ActiveX component can't create object");
     return std::shared_ptr<clsAddInObject>(new clsAddInObject(dispatch));
 }
 
@@ -119,7 +119,7 @@ std::string clsAddInObject::Call(const std::string& astrName,
     LPOLESTR names[] = {&name[0]};
     DISPID member = DISPID_UNKNOWN;
     if (FAILED(mobjDispatch->GetIDsOfNames(kIIDNull, names, 1, LOCALE_USER_DEFAULT, &member)))
-        Err::Raise(kErrNoSuchMember, kSource, "Object doesn't support this property or method");
+        throw RwzError(kErrNoSuchMember, kSource, "Object doesn't support this property or method");
 
     // Arguments go right to left.
     Variants args(avarArgs.size());
@@ -145,12 +145,12 @@ std::string clsAddInObject::Call(const std::string& astrName,
         com.SysFreeString(exception.bstrDescription);
         com.SysFreeString(exception.bstrHelpFile);
         const int32_t number = exception.scode ? exception.scode : kObjectError + exception.wCode;
-        Err::Raise(number, source.empty() ? kSource : source,
-                   description.empty() ? "Automation error" : description);
+        throw RwzError(number, source.empty() ? kSource : source,
+                       description.empty() ? "Automation error" : description);
     }
     if (status == DISP_E_MEMBERNOTFOUND || status == DISP_E_UNKNOWNNAME)
-        Err::Raise(kErrNoSuchMember, kSource, "Object doesn't support this property or method");
-    if (FAILED(status)) Err::Raise(static_cast<int32_t>(status), kSource, "Automation error");
+        throw RwzError(kErrNoSuchMember, kSource, "Object doesn't support this property or method");
+    if (FAILED(status)) throw RwzError(static_cast<int32_t>(status), kSource, "Automation error");
     return ResultText(result.items[0]);
 }
 

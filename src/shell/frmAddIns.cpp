@@ -82,9 +82,9 @@ void frmAddIns::ShowAbout() {
     if (index < 0) return;
     const std::string className = mcolEntries[index].Class;
     proc.RunThen([&] { clsAddInObject::Create(className)->Call("about"); },
-                 [&] {
+                 [&](const ErrorInfo& error) {
                      ShowMessage("Error referencing Add-In control: '" + className + "'.\r\n\r\n" +
-                                     Err::Description(),
+                                     error.Description,
                                  MB_OK | MB_ICONEXCLAMATION);
                  });
 }

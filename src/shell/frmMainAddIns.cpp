@@ -57,8 +57,7 @@ void frmMain::InitializeAddIns() {
                     try {
                         addIn = clsAddInObject::Create(entry.Class);
                     } catch (const std::exception& error) {
-                        Err::RecordException(error);
-                        LogError("frmMain:InitializeAddIns");
+                        LogError(ErrorOf(error), proc.Where());
                         ShowMessage("Error referencing Add-In control: '" + entry.Class + "'.",
                                     MB_OK | MB_ICONEXCLAMATION);
                         continue;
@@ -74,8 +73,8 @@ void frmMain::InitializeAddIns() {
             }
             DrawMenuBar(mhWnd);
         },
-        [&] {
-            ShowMessage(MessageText(kMsgAddInsFailed, {Err::Description()}) + "\r\n\r\n" +
+        [&](const ErrorInfo& error) {
+            ShowMessage(MessageText(kMsgAddInsFailed, {error.Description}) + "\r\n\r\n" +
                             MessageText(kMsgCheckAddIns),
                         MB_OK | MB_ICONEXCLAMATION);
         });
@@ -108,8 +107,8 @@ void frmMain::mnuAddIns_Click(int aintIndex) {
                 SetPanelVisible(4, true);
             }
         },
-        [&] {
-            ShowMessage(MessageText(kMsgAddInError, {key}) + "\r\n\r\n" + Err::Description(),
+        [&](const ErrorInfo& error) {
+            ShowMessage(MessageText(kMsgAddInError, {key}) + "\r\n\r\n" + error.Description,
                         MB_OK | MB_ICONEXCLAMATION);
         });
 }
