@@ -30,12 +30,9 @@ class OperaLib : public clsBrowserBase {
     const std::string& SettingsFile() const { return mstrSettingsFile; }
     void SetSettingsFile(const std::string& astrFile) { mstrSettingsFile = astrFile; }
 
-    // One of GetUserAgents(); also sets the two codes Opera keeps for it. A
-    // text that is not one of them leaves the codes as they are.
-    void SetCurrentUserAgent(const std::string& astrValue) override;
     // "Identify as Opera", "... Mozilla 5.0", "... Mozilla 4.78", "... Mozilla
     // 3.0", "... MSIE 6.0", in the order of Opera's own menu.
-    std::vector<std::string> GetUserAgents() override;
+    std::vector<std::string> GetUserAgents() const override;
     // The identity for Opera's two codes ("Spoof UserAgent ID", "Spoof Version
     // Code"); "" for codes Opera 7 does not offer in its menu.
     static std::string UserAgentOf(const std::string& astrID, const std::string& astrVersion);
@@ -44,6 +41,11 @@ class OperaLib : public clsBrowserBase {
     void LoadConfiguration() override;
     void ApplyConfiguration() override;
     void LoadConfigurationFile(const std::string& astrFile) override;
+
+  protected:
+    // Assigning CurrentUserAgent one of GetUserAgents() also sets the two
+    // codes Opera keeps for it; any other text leaves the codes as they are.
+    void Assigned(std::string BrowserRecord::*aField) override;
 
   private:
     struct IniKey;
