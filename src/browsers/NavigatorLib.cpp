@@ -47,11 +47,6 @@ int16_t PrefInteger(const std::string& astrText) {
     return static_cast<int16_t>(value);
 }
 
-void ShowExclamation(const std::string& astrText) {
-    MessageBoxA(GetActiveWindow(), astrText.c_str(), kProductName, MB_OK | MB_ICONEXCLAMATION);
-}
-
-
 enum class Kind {
     Text,        // a text preference
     Integer,     // read as text, written as an integer ("0" put in front: empty is 0)
@@ -284,7 +279,7 @@ void NavigatorLib::ApplyConfiguration() {
         const std::string file = mProfiles.PrefsFileOf(mRecord.CurrentProfile);
         if (file.empty()) {
             proc.Log(kNoPrefsFileText);
-            ShowExclamation(kNoPrefsFileText);
+            ShowBrowserMessage(kNoPrefsFileText);
             return;
         }
 
@@ -306,7 +301,7 @@ void NavigatorLib::ApplyConfiguration() {
             const std::string text = "Could not apply Navigator preferences for profile '" +
                                      mRecord.CurrentProfile + "'.";
             proc.Log(text);
-            ShowExclamation(text);
+            ShowBrowserMessage(text);
         }
     });
     ResetFlags();

@@ -2,6 +2,7 @@
 
 #include <windows.h>
 
+#include <fstream>
 #include <optional>
 #include <utility>
 
@@ -17,6 +18,7 @@ namespace rwz {
 namespace {
 
 constexpr const char* kTag = "clsOpera";
+const std::string kOperaFirstLine = "Opera Preferences version";
 
 struct UserAgent {
     const char* Name;
@@ -181,47 +183,68 @@ void OperaLib::LoadConfiguration() {
     });
 }
 
+// Opera's own settings file begins with this line (after a UTF-8 mark, if any).
+bool OperaLib::IsOperaSettingsFile(const std::string& astrFile) {
+    std::ifstream in(astrFile, std::ios::binary);
+    std::string first;
+    std::getline(in, first);
+    if (first.compare(0, 3, "\xEF\xBB\xBF") == 0) first.erase(0, 3);
+    return first.compare(0, kOperaFirstLine.size(), kOperaFirstLine) == 0;
+}
+
 void OperaLib::ApplyConfiguration() {
     Procedure proc(kTag, "ApplyConfiguration");
-    proc.Run([&] {
-        if (!IsModified()) return;
-        proc.Log(mstrSettingsFile);
-        // A settings file marked read-only is one its user wants kept as it is.
-        const DWORD attributes = GetFileAttributesA(mstrSettingsFile.c_str());
-        if (attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_READONLY)) {
-            RaiseRuntimeError(kErrPermissionDenied, kTag);
-        }
-        for (const IniKey& key : IniKeys()) {
-            const std::string live =
-                StripNulls(ReadProfileString(mstrSettingsFile, key.Section, key.Key, key.Default));
-            std::string text;
-            bool same = false;
-            switch (key.Encoding) {
-                case IniEncoding::Text:
-                    text = mRecord.*key.Text;
-                    same = live == text;
-                    break;
-                case IniEncoding::Flag:
-                    text = ProfileFlagText(mRecord.*key.Flag);
-                    same = ProfileFlag(live) == mRecord.*key.Flag;
-                    break;
-                case IniEncoding::Server:
-                    text = ComposeServer(mRecord.*key.Text, mRecord.*key.Port);
-                    same =
-                        SplitServer(live) == std::make_pair(mRecord.*key.Text, mRecord.*key.Port);
-                    break;
-                case IniEncoding::Code:
-                    // A profile without the codes has nothing to say about them.
-                    text = mRecord.*key.Text;
-                    same = text.empty() || live == text;
-                    break;
+    proc.RunThen(
+        [&] {
+            if (!IsModified()) return;
+            proc.Log(mstrSettingsFile);
+            // The keys whose value the record changes, with the text to write.
+            std::vector<std::pair<const IniKey*, std::string>> changes;
+            for (const IniKey& key : IniKeys()) {
+                const std::string live = StripNulls(
+                    ReadProfileString(mstrSettingsFile, key.Section, key.Key, key.Default));
+                std::string text;
+                bool same = false;
+                switch (key.Encoding) {
+                    case IniEncoding::Text:
+                        text = mRecord.*key.Text;
+                        same = live == text;
+                        break;
+                    case IniEncoding::Flag:
+                        text = ProfileFlagText(mRecord.*key.Flag);
+                        same = ProfileFlag(live) == mRecord.*key.Flag;
+                        break;
+                    case IniEncoding::Server:
+                        text = ComposeServer(mRecord.*key.Text, mRecord.*key.Port);
+                        same = SplitServer(live) ==
+                               std::make_pair(mRecord.*key.Text, mRecord.*key.Port);
+                        break;
+                    case IniEncoding::Code:
+                        // A profile without the codes has nothing to say about them.
+                        text = mRecord.*key.Text;
+                        same = text.empty() || live == text;
+                        break;
+                }
+                if (!same) changes.emplace_back(&key, text);
             }
-            if (same) continue;
-            WriteProfileString(mstrSettingsFile, key.Section, key.Key, text);
-            proc.Log(std::string(key.Key) + " = " + text);
-        }
-        ResetFlags();
-    });
+            if (!changes.empty() && FileExists(mstrSettingsFile)) {
+                // A settings file marked read-only is one its user wants kept as it is.
+                const DWORD attributes = GetFileAttributesA(mstrSettingsFile.c_str());
+                if (attributes & FILE_ATTRIBUTE_READONLY)
+                    RaiseRuntimeError(kErrPermissionDenied, kTag);
+                // Whatever else has the name is not Opera's to lose.
+                if (!IsOperaSettingsFile(mstrSettingsFile))
+                    throw RwzError(kErrPathFileAccess, kTag, "not an Opera settings file");
+            }
+            for (const auto& [key, text] : changes) {
+                WriteProfileString(mstrSettingsFile, key->Section, key->Key, text);
+                proc.Log(std::string(key->Key) + " = " + text);
+            }
+            ResetFlags();
+        },
+        [&] {
+            ShowBrowserMessage("Could not apply Opera preferences to '" + mstrSettingsFile + "'.");
+        });
 }
 
 void OperaLib::LoadConfigurationFile(const std::string& astrFile) {

@@ -39,7 +39,11 @@ class OperaLib : public clsBrowserBase {
 
     // Does nothing when the settings file does not exist.
     void LoadConfiguration() override;
+    // Writes the keys the record changes. A file that is read-only or not
+    // Opera's ("Opera Preferences version" on its first line) is left alone,
+    // and the user is told, as when the file cannot be written.
     void ApplyConfiguration() override;
+    static bool IsOperaSettingsFile(const std::string& astrFile);
     void LoadConfigurationFile(const std::string& astrFile) override;
 
   protected:

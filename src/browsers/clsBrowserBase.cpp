@@ -1,5 +1,7 @@
 #include "browsers/clsBrowserBase.h"
 
+#include <windows.h>
+
 #include "platform/Procedure.h"
 #include "platform/modUtilities.h"
 #include "profile/modProfileIO.h"
@@ -20,7 +22,7 @@ enum class KeyKind {
     ProxyServer,    // Internet Explorer's proxy list, split and composed by its back end
     ProxyOverride,  // exception list with ";<local>" for IgnoreLocalAddresses
     ProfileName,    // empty: the first profile found
-    ScriptURL,      // a URL, which means the script is in use
+    ScriptURL,      // a URL, which means the script is in use; written only when in use
 };
 
 struct SectionKey {
@@ -117,6 +119,10 @@ const char* BrowserSectionName(BrowserSection aSection) {
     return "";
 }
 
+void clsBrowserBase::ShowBrowserMessage(const std::string& astrText) {
+    MessageBoxA(GetActiveWindow(), astrText.c_str(), kProductName, MB_OK | MB_ICONEXCLAMATION);
+}
+
 clsBrowserBase::clsBrowserBase(BrowserSection aSection, const char* astrLogTag)
     : mSection(aSection), mLogTag(astrLogTag) {}
 
@@ -195,7 +201,8 @@ void clsBrowserBase::SaveConfigurationFile(const std::string& astrFile) {
                     text = mRecord.*key.Flag ? mRecord.*key.Text + kLocalSuffix : mRecord.*key.Text;
                     break;
                 case KeyKind::ScriptURL:
-                    text = mRecord.*key.Text;
+                    // A script not in use is not kept, so that it reads back unused.
+                    text = mRecord.*key.Flag ? mRecord.*key.Text : std::string();
                     break;
             }
             WriteProfileString(astrFile, section, key.Key, text);

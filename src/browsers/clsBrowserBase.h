@@ -32,6 +32,8 @@ class clsBrowserBase : public IBrowser {
     clsBrowserBase(BrowserSection aSection, const char* astrLogTag);
 
     const char* LogTag() const { return mLogTag; }
+    // A failure the user must see: the exclamation box titled "Roamwise".
+    static void ShowBrowserMessage(const std::string& astrText);
 
     // Internet Explorer keeps its proxies in one "ProxyServer" text, in its
     // section as in the registry; its back end splits and composes it with the

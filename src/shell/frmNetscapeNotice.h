@@ -42,6 +42,7 @@ class frmNetscapeNotice {
 };
 
 // Shows a new notice modally over `owner`; returns as frmNetscapeNotice::Show.
+// In a run with the "hidden" switch the notice is logged instead, and IDOK returned.
 INT_PTR ShowNetscapeNotice(HWND owner, const std::string& astrFirstProfile);
 
 }  // namespace rwz
