@@ -157,7 +157,12 @@ TEST(OperaLib, IdentityIsWrittenAsItsTwoCodes) {
         EXPECT_EQ(c.ID, opera.Record().UserAgentID) << c.Name;
         if (std::string(c.ID) != "1")
             EXPECT_EQ(c.Version, opera.Record().UserAgentVersion) << c.Name;
-        EXPECT_EQ(c.Name, OperaLib::UserAgentOf(c.ID, c.Version));
+        // Saved and opened again, the codes give the identity back.
+        ScratchFile profile("identity");
+        opera.SaveConfigurationFile(profile.Path());
+        OperaLib reopened;
+        reopened.LoadConfigurationFile(profile.Path());
+        EXPECT_EQ(c.Name, reopened.Record().CurrentUserAgent);
     }
 }
 
