@@ -2,13 +2,13 @@
 
 #include <windows.h>
 
-#include <fstream>
 #include <optional>
 #include <utility>
 
 #include "browsers/modShellFolders.h"
 #include "platform/Procedure.h"
 #include "platform/RwzError.h"
+#include "platform/Win32Handles.h"
 #include "platform/modAPI.h"
 #include "platform/modUtilities.h"
 #include "profile/modProfileIO.h"
@@ -185,9 +185,14 @@ void OperaLib::LoadConfiguration() {
 
 // Opera's own settings file begins with this line (after a UTF-8 mark, if any).
 bool OperaLib::IsOperaSettingsFile(const std::string& astrFile) {
-    std::ifstream in(astrFile, std::ios::binary);
-    std::string first;
-    std::getline(in, first);
+    KernelHandle file(CreateFileA(astrFile.c_str(), GENERIC_READ,
+                                  FILE_SHARE_READ | FILE_SHARE_WRITE, nullptr, OPEN_EXISTING,
+                                  FILE_ATTRIBUTE_NORMAL, nullptr));
+    if (!file) return false;
+    char head[64] = {};
+    DWORD read = 0;
+    if (!ReadFile(file.Get(), head, sizeof head, &read, nullptr)) return false;
+    std::string first(head, read);
     if (first.compare(0, 3, "\xEF\xBB\xBF") == 0) first.erase(0, 3);
     return first.compare(0, kOperaFirstLine.size(), kOperaFirstLine) == 0;
 }
