@@ -156,7 +156,7 @@ TEST(ProfileFileTest, SavingReplacesTheFileAndAFailureIsShown) {
         EXPECT_EQ(std::string::npos, saved.find(gone)) << gone;
 
     SetFileAttributesA(file.c_str(), FILE_ATTRIBUTE_READONLY);
-    test::DialogScript boxes;
+    test::DialogScript boxes({});
     boxes.SetAnswer(IDOK);
     EXPECT_EQ(
         0, SaveProfileFile("clsRwzConfig:SaveConfigurationFile", file, ProfileFileSettings{}, {}));

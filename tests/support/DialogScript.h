@@ -4,7 +4,7 @@
 // script; a dialog beyond the script gets the default answer (IDCANCEL unless
 // SetAnswer says otherwise) and is counted as unexpected.
 //
-//   DialogScript boxes;                       // no steps: every box recorded, cancelled
+//   DialogScript boxes({});                   // no steps: every box recorded, cancelled
 //   boxes.SetAnswer(IDOK, {IDC_SOME_BOX});    // ...or ticked and answered with OK
 //   DialogScript script({[](HWND dialog) { ... }});
 //   script.Boxes()                            // what was shown, in order
@@ -43,7 +43,7 @@ class DialogScript {
         std::vector<int> Ticked;                           // boxes the default answer ticked
     };
 
-    explicit DialogScript(std::vector<Step> steps = {})
+    explicit DialogScript(std::vector<Step> steps)
         : mSteps(std::move(steps)), mThread([this] { Watch(); }) {}
     ~DialogScript() {
         mStop = true;
