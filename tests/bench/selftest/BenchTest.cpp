@@ -1,10 +1,8 @@
 // The bench tested with a probe program in place of Rwz.exe: dialogs are
-// answered as scripted, surprises fail the test, runs never hang, and every
-// machine emulates the Windows version its registry claims.
+// answered as scripted, surprises fail the test, runs never hang, and a window
+// shown for a moment is seen. (Each machine's version: the start-up scenarios.)
 #include <gtest/gtest-spi.h>
 #include <gtest/gtest.h>
-
-#include <map>
 
 #include "bench/Bench.h"
 
@@ -98,50 +96,6 @@ TEST(RunRwz, SeesAWindowShownOnlyForAMoment) {
     // Far shorter than the watcher's polling interval.
     bench::RunResult flash = RunProbe("window=0:Flash");
     EXPECT_TRUE(flash.ShowedWindow()) << flash.Describe();
-}
-
-// --- machines --------------------------------------------------------------
-
-struct Emulated {
-    DWORD platform, major, minor;
-    const char* registryVersion;  // 9x: VersionNumber prefix; NT: CurrentVersion
-};
-
-const std::map<std::string, Emulated> kVersions = {
-    {"win95", {1, 4, 0, "4.00."}}, {"win98", {1, 4, 10, "4.10."}}, {"winme", {1, 4, 90, "4.90."}},
-    {"nt40", {2, 4, 0, "4.0"}},    {"win2k", {2, 5, 0, "5.0"}},    {"winxp", {2, 5, 1, "5.1"}},
-    {"win2003", {2, 5, 2, "5.2"}}, {"win10", {2, 6, 2, "6.3"}},
-};
-
-TEST(Machines, EachEmulatesItsVersionAndHasMatchingRegistry) {
-    std::vector<std::string> names = bench::Machine::All();
-    ASSERT_GE(names.size(), 8u);
-    for (const std::string& name : names) {
-        SCOPED_TRACE(name);
-        bench::Machine machine(name);
-        auto expected = kVersions.find(machine.Version());
-        ASSERT_NE(kVersions.end(), expected) << "unknown version " << machine.Version();
-        const Emulated& version = expected->second;
-
-        RunProbe("version");
-        EXPECT_EQ(std::vector<std::string>({"version " + std::to_string(version.platform) + " " +
-                                            std::to_string(version.major) + " " +
-                                            std::to_string(version.minor)}),
-                  Report());
-
-        std::string value;
-        if (version.platform == 1) {
-            ASSERT_TRUE(bench::ReadRegistryString(HKEY_LOCAL_MACHINE,
-                                                  "Software\\Microsoft\\Windows\\CurrentVersion",
-                                                  "VersionNumber", value));
-            EXPECT_EQ(0u, value.find(version.registryVersion)) << value;
-        } else {
-            ASSERT_TRUE(bench::ReadRegistryString(HKEY_LOCAL_MACHINE,
-                                                  "Software\\Microsoft\\Windows NT\\CurrentVersion",
-                                                  "CurrentVersion", value));
-            EXPECT_EQ(version.registryVersion, value);
-        }
-    }
 }
 
 }  // namespace
