@@ -8,7 +8,6 @@
 #include "platform/RwzError.h"
 #include "profile/modProfileFile.h"
 #include "profile/modProfileIO.h"
-#include "support/DialogScript.h"
 
 namespace rwz {
 namespace {
@@ -146,8 +145,8 @@ TEST(ProfileFileTest, OwnersAreAskedOnlyForEnabledInstalledAreas) {
     DeleteFileA(file.c_str());
 }
 
-// Saving replaces whatever the file held; a failed save tells the user.
-TEST(ProfileFileTest, SavingReplacesTheFileAndAFailureIsShown) {
+// Saving replaces whatever the file held; a failed save says why.
+TEST(ProfileFileTest, SavingReplacesTheFileAndAFailureIsReturned) {
     const std::string file = TempFile("client.rwz");
     WriteRaw(file, "; hand-made\r\n[Advanced]\r\nReadOnly=1\r\n[Unknown]\r\nx=1\r\n");
     WriteProfileFile(file, ProfileFileSettings{}, {});
@@ -155,20 +154,14 @@ TEST(ProfileFileTest, SavingReplacesTheFileAndAFailureIsShown) {
     for (const char* gone : {"hand-made", "ReadOnly", "[Unknown]"})
         EXPECT_EQ(std::string::npos, saved.find(gone)) << gone;
 
+    // A file that cannot be written is a failure the caller shows, not a fault.
     SetFileAttributesA(file.c_str(), FILE_ATTRIBUTE_READONLY);
-    test::DialogScript boxes({});
-    boxes.SetAnswer(IDOK);
-    EXPECT_EQ(
-        0, SaveProfileFile("clsRwzConfig:SaveConfigurationFile", file, ProfileFileSettings{}, {}));
+    const auto failure = SaveProfileFile("clsRwzConfig:SaveConfigurationFile", file,
+                                         ProfileFileSettings{}, {});
     SetFileAttributesA(file.c_str(), FILE_ATTRIBUTE_NORMAL);
     DeleteFileA(file.c_str());
-    const auto shown = boxes.Boxes();
-    ASSERT_EQ(1u, shown.size());
-    EXPECT_EQ("Roamwise", shown[0].Title);
-    EXPECT_EQ("Error accessing file '" + file +
-                  "'.\r\n\r\nMake sure the file is not set to Read Only or the file is not in use.",
-              shown[0].Text);
-    EXPECT_TRUE(shown[0].Exclamation);
+    ASSERT_TRUE(failure);
+    EXPECT_EQ(kErrPathFileAccess, failure->Number);
 }
 
 }  // namespace
