@@ -89,19 +89,13 @@ class Machine {
 
     const std::string& Name() const { return mName; }
     const std::string& Folder() const { return mFolder; }
-    const std::string& Version() const { return mVersion; }
 
     // Imports one more .reg file (a Windows path) into the prefix.
     static void ImportRegFile(const std::string& path);
-    // The emulated Windows version of Rwz.exe (HKCU\Software\Wine\AppDefaults).
-    static void SetRwzVersion(const std::string& version);
-    // The names of all folders under tests/machines.
-    static std::vector<std::string> All();
 
   private:
     std::string mName;
     std::string mFolder;
-    std::string mVersion;
 };
 
 // --- Runs of Rwz.exe -------------------------------------------------------
@@ -226,7 +220,6 @@ struct RunResult : WatchResult {
 
     // Whether the program showed a visible top-level window other than a dialog.
     bool ShowedWindow() const;
-    std::vector<std::string> LogLines() const { return SplitLines(log); }
     // Everything above, for failure messages.
     std::string Describe() const;
 };

@@ -30,44 +30,8 @@ std::vector<std::string> Entries(const std::string& pattern, bool folders) {
     return names;
 }
 
-std::string MachinesDir() {
-    return SourceDir() + "\\tests\\machines";
-}
-
-}  // namespace
-
-Machine::Machine(const std::string& name) : mName(name) {
-    bool isPath = name.find_first_of("\\/:") != std::string::npos;
-    mFolder = isPath ? WindowsPath(name) : MachinesDir() + "\\" + name;
-    DWORD attributes = GetFileAttributesA(mFolder.c_str());
-    if (attributes == INVALID_FILE_ATTRIBUTES || !(attributes & FILE_ATTRIBUTE_DIRECTORY))
-        throw std::runtime_error("no machine folder " + mFolder);
-
-    std::string versionText;
-    if (!ReadFile(mFolder + "\\version", versionText))
-        throw std::runtime_error("machine " + name + " has no version file");
-    mVersion = Trim(versionText);
-    if (mVersion.empty()) throw std::runtime_error("machine " + name + ": empty version file");
-
-    for (const std::string& file : Entries(mFolder + "\\*.reg", false))
-        ImportRegFile(mFolder + "\\" + file);
-    SetRwzVersion(mVersion);
-    if (GetFileAttributesA((mFolder + "\\files").c_str()) != INVALID_FILE_ATTRIBUTES)
-        CopyTree(mFolder + "\\files", "C:");
-}
-
-void Machine::ImportRegFile(const std::string& path) {
-    if (!FileExists(path)) throw std::runtime_error("no registry file " + path);
-    char windows[MAX_PATH];
-    GetWindowsDirectoryA(windows, MAX_PATH);
-    DWORD exitCode =
-        RunAndWait("\"" + std::string(windows) + "\\regedit.exe\" /s \"" + path + "\"", 30000);
-    if (exitCode != 0)
-        throw std::runtime_error("regedit could not import " + path + " (exit code " +
-                                 std::to_string(exitCode) + ")");
-}
-
-void Machine::SetRwzVersion(const std::string& version) {
+// The emulated Windows version of Rwz.exe (HKCU\Software\Wine\AppDefaults).
+void SetRwzVersion(const std::string& version) {
     HKEY key = nullptr;
     LONG result = RegCreateKeyExA(HKEY_CURRENT_USER, "Software\\Wine\\AppDefaults\\Rwz.exe", 0,
                                   nullptr, 0, KEY_SET_VALUE, nullptr, &key, nullptr);
@@ -82,8 +46,37 @@ void Machine::SetRwzVersion(const std::string& version) {
                                  std::to_string(result) + ")");
 }
 
-std::vector<std::string> Machine::All() {
-    return Entries(MachinesDir() + "\\*", true);
+}  // namespace
+
+Machine::Machine(const std::string& name) : mName(name) {
+    bool isPath = name.find_first_of("\\/:") != std::string::npos;
+    mFolder = isPath ? WindowsPath(name) : SourceDir() + "\\tests\\machines\\" + name;
+    DWORD attributes = GetFileAttributesA(mFolder.c_str());
+    if (attributes == INVALID_FILE_ATTRIBUTES || !(attributes & FILE_ATTRIBUTE_DIRECTORY))
+        throw std::runtime_error("no machine folder " + mFolder);
+
+    std::string versionText;
+    if (!ReadFile(mFolder + "\\version", versionText))
+        throw std::runtime_error("machine " + name + " has no version file");
+    std::string version = Trim(versionText);
+    if (version.empty()) throw std::runtime_error("machine " + name + ": empty version file");
+
+    for (const std::string& file : Entries(mFolder + "\\*.reg", false))
+        ImportRegFile(mFolder + "\\" + file);
+    SetRwzVersion(version);
+    if (GetFileAttributesA((mFolder + "\\files").c_str()) != INVALID_FILE_ATTRIBUTES)
+        CopyTree(mFolder + "\\files", "C:");
+}
+
+void Machine::ImportRegFile(const std::string& path) {
+    if (!FileExists(path)) throw std::runtime_error("no registry file " + path);
+    char windows[MAX_PATH];
+    GetWindowsDirectoryA(windows, MAX_PATH);
+    DWORD exitCode =
+        RunAndWait("\"" + std::string(windows) + "\\regedit.exe\" /s \"" + path + "\"", 30000);
+    if (exitCode != 0)
+        throw std::runtime_error("regedit could not import " + path + " (exit code " +
+                                 std::to_string(exitCode) + ")");
 }
 
 }  // namespace bench
