@@ -1,10 +1,7 @@
-// System identification by version numbers, and browser versions found
-// through their "App Paths" entries.
+// System identification by version numbers, and version texts read as numbers.
 #include "platform/modAPI.h"
 
 #include <gtest/gtest.h>
-
-#include "support/RawRegistry.h"
 
 namespace rwz {
 namespace {
@@ -34,25 +31,6 @@ TEST(VersionNumberTest, LeadingNumber) {
         {"abc", 0.0f},        {"1.2x", 1.2f},
     };
     for (const auto& c : cases) EXPECT_FLOAT_EQ(VersionNumber(c.Text), c.Number) << c.Text;
-}
-
-// Netscape's three "App Paths" names are tried in order: an empty path goes on
-// to the next, a non-empty one decides even when its file has no version.
-TEST(BrowserVersionTest, NetscapeKeysAreTriedInOrder) {
-    const std::string appPaths = "SOFTWARE\\Microsoft\\Windows\\CurrentVersion\\App Paths\\";
-    const test::RawValue ie = test::RawQuery(HKEY_LOCAL_MACHINE, appPaths + "IEXPLORE.EXE", "");
-    const std::string iePath = std::string(ie.Data.begin(), ie.Data.end()).c_str();
-    ASSERT_FALSE(GetIEVersion().empty());
-    EXPECT_EQ(GetNetscapeVersion(), "");
-    test::RawSetString(HKEY_LOCAL_MACHINE, appPaths + "netscape.exe", "", iePath);
-    EXPECT_EQ(GetNetscapeVersion(), GetIEVersion());
-    test::RawSetString(HKEY_LOCAL_MACHINE, appPaths + "Netscp6.exe", "", "");
-    EXPECT_EQ(GetNetscapeVersion(), GetIEVersion());
-    test::RawSetString(HKEY_LOCAL_MACHINE, appPaths + "Netscp.exe", "", "C:\\no such file.exe");
-    EXPECT_EQ(GetNetscapeVersion(), "");
-    EXPECT_EQ(GetOperaVersion(), "");
-    test::RawSetString(HKEY_LOCAL_MACHINE, appPaths + "Opera.exe", "", iePath);
-    EXPECT_EQ(GetOperaVersion(), GetIEVersion());
 }
 
 }  // namespace

@@ -1,6 +1,5 @@
-// The profile file: the reading and writing rules every profile section goes
-// through (modProfileIO), and what the container asks of the section owners
-// and tells the user when a file cannot be written.
+// The reading and writing rules every profile section goes through
+// (modProfileIO), and the error a file that cannot be written raises.
 #include <gtest/gtest.h>
 
 #include <windows.h>
@@ -91,77 +90,6 @@ TEST(ProfileIOTest, FlagsLineBreaksAndRefusals) {
     SetFileAttributesA(file.c_str(), FILE_ATTRIBUTE_NORMAL);
     EXPECT_EQ("[Advanced]\r\nComments=first line\r\n", ReadRaw(file));
     DeleteFileA(file.c_str());
-}
-
-// Section owners that note every call.
-struct Owners {
-    std::vector<std::string> calls;
-    std::vector<ProfileSectionOwner> owners;
-    Owners(bool ie, bool nn, bool opera) {
-        const struct {
-            ProfileArea Area;
-            bool Installed;
-            const char* Name;
-        } areas[] = {{ProfileArea::AddIn, true, "AddIn"},
-                     {ProfileArea::Opera, opera, "Opera"},
-                     {ProfileArea::General, true, "Network"},
-                     {ProfileArea::NetscapeNavigator, nn, "Netscape"},
-                     {ProfileArea::InternetExplorer, ie, "IE"}};
-        for (const auto& a : areas) {
-            ProfileSectionOwner owner;
-            owner.Area = a.Area;
-            owner.Installed = a.Installed;
-            const std::string name = a.Name;
-            owner.LoadSections = [this, name](const std::string&) { calls.push_back(name); };
-            owners.push_back(owner);
-        }
-    }
-};
-
-// Owners are asked in file order, only for areas enabled and installed.
-TEST(ProfileFileTest, OwnersAreAskedOnlyForEnabledInstalledAreas) {
-    const struct {
-        const char* Enabled;  // the [Enabled Sections] lines
-        bool IE, NN, Opera;   // installed
-        std::vector<std::string> Loads;
-    } cases[] = {
-        {"", true, true, true, {"Network", "IE", "Netscape", "Opera", "AddIn"}},
-        {"General=0\r\nInternet Explorer=0\r\nNetscape Navigator=0\r\nOpera=0\r\n",
-         true,
-         true,
-         true,
-         {"AddIn"}},
-        {"", false, false, false, {"Network", "AddIn"}},
-        {"General=0\r\nNetscape Navigator=0\r\n", true, false, true, {"IE", "Opera", "AddIn"}},
-    };
-    const std::string file = TempFile("areas.rwz");
-    for (const auto& c : cases) {
-        WriteRaw(file, std::string("[Enabled Sections]\r\n") + c.Enabled);
-        Owners owners(c.IE, c.NN, c.Opera);
-        ProfileFileSettings settings;
-        ReadProfileFile(file, settings, owners.owners);
-        EXPECT_EQ(c.Loads, owners.calls) << c.Enabled;
-    }
-    DeleteFileA(file.c_str());
-}
-
-// Saving replaces whatever the file held; a failed save says why.
-TEST(ProfileFileTest, SavingReplacesTheFileAndAFailureIsReturned) {
-    const std::string file = TempFile("client.rwz");
-    WriteRaw(file, "; hand-made\r\n[Advanced]\r\nReadOnly=1\r\n[Unknown]\r\nx=1\r\n");
-    WriteProfileFile(file, ProfileFileSettings{}, {});
-    const std::string saved = ReadRaw(file);
-    for (const char* gone : {"hand-made", "ReadOnly", "[Unknown]"})
-        EXPECT_EQ(std::string::npos, saved.find(gone)) << gone;
-
-    // A file that cannot be written is a failure the caller shows, not a fault.
-    SetFileAttributesA(file.c_str(), FILE_ATTRIBUTE_READONLY);
-    const auto failure = SaveProfileFile("clsRwzConfig:SaveConfigurationFile", file,
-                                         ProfileFileSettings{}, {});
-    SetFileAttributesA(file.c_str(), FILE_ATTRIBUTE_NORMAL);
-    DeleteFileA(file.c_str());
-    ASSERT_TRUE(failure);
-    EXPECT_EQ(kErrPathFileAccess, failure->Number);
 }
 
 }  // namespace
