@@ -12,11 +12,9 @@ namespace rwz::test {
 
 inline std::vector<std::string> InstalledPrinters() {
     std::vector<std::string> names;
+    std::vector<BYTE> buffer(65536);
     DWORD needed = 0, count = 0;
-    EnumPrintersA(PRINTER_ENUM_LOCAL, nullptr, 2, nullptr, 0, &needed, &count);
-    if (needed == 0) return names;
-    std::vector<BYTE> buffer(needed);
-    if (!EnumPrintersA(PRINTER_ENUM_LOCAL, nullptr, 2, buffer.data(), needed, &needed, &count))
+    if (!EnumPrintersA(PRINTER_ENUM_LOCAL, nullptr, 2, buffer.data(), 65536, &needed, &count))
         return names;
     const auto* printers = reinterpret_cast<const PRINTER_INFO_2A*>(buffer.data());
     for (DWORD i = 0; i < count; ++i) names.push_back(printers[i].pPrinterName);

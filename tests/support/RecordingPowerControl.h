@@ -11,16 +11,12 @@ namespace rwz::test {
 
 class RecordingPowerControl : public IPowerControl {
   public:
-    BOOL EndSession(UINT flags) override {
-        calls.push_back("ExitWindowsEx " + std::to_string(flags));
-        return TRUE;
-    }
+    BOOL EndSession(UINT flags) override { return Note("ExitWindowsEx " + std::to_string(flags)); }
     BOOL SetPowerState(BOOL suspend, BOOL force) override {
-        calls.push_back("SetSystemPowerState " + std::to_string(suspend) + " " +
-                        std::to_string(force));
-        return TRUE;
+        return Note("SetSystemPowerState " + std::to_string(suspend) + " " + std::to_string(force));
     }
-    void EnableShutdownPrivilege() override { calls.push_back("privilege"); }
+    void EnableShutdownPrivilege() override { Note("privilege"); }
+    BOOL Note(const std::string& call) { return calls.push_back(call), TRUE; }
 
     std::vector<std::string> calls;
 };
