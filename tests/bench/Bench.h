@@ -1,20 +1,6 @@
 // The end-to-end test bench, Windows side: simulated machines and runs of
-// Rwz.exe with a dialog watcher beside it. Every end-to-end case runs in a
-// fresh Wine prefix of its own (tests/bench/run-tests.sh), so a case may load
-// a machine and change the registry and the files freely.
-//
-//   TEST(Startup, HiddenLeavesLog) {
-//       bench::Machine machine("xp-laptop");
-//       bench::RunResult run = bench::RunRwz("/hidden");
-//       EXPECT_EQ(0u, run.exitCode);
-//       EXPECT_FALSE(run.ShowedWindow()) << run.Describe();
-//       EXPECT_NE(std::string::npos, run.log.find(" OS:\tXP\r\n"));
-//   }
-//
-// Dialogs are answered in the order scripted:
-//   bench::RunRwz("/load C:\\x.rwz", {bench::Answer("&Yes").Title("Roamwise")});
-// A dialog that was not scripted, or a scripted one that never appeared, fails
-// the test (RunOptions::strictDialogs); the run itself never hangs.
+// Rwz.exe with a dialog watcher beside it, each case in a fresh Wine prefix of
+// its own (run-tests.sh). README.md shows how a test uses it.
 #pragma once
 
 #include <windows.h>
@@ -41,9 +27,8 @@ std::string InstalledRwz();  // ...\Rwz.exe
 std::string DebugLogPath();  // ...\DEBUG.LOG
 
 bool FileExists(const std::string& path);
-// The whole file; false when it cannot be read.
+// The whole file; false (or "") when it cannot be read.
 bool ReadFile(const std::string& path, std::string& contents);
-// The whole file, "" when it cannot be read.
 std::string ReadFileText(const std::string& path);
 // Creates or replaces the file (creating its folder); throws on failure.
 void WriteFile(const std::string& path, const std::string& contents);

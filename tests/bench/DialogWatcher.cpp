@@ -5,39 +5,14 @@
 // polling, and through ShowHook.dll (when it stands beside the watcher) even
 // for a window shown only for a moment.
 //
-//   DialogWatcher.exe [--script FILE] [--out FILE] [--timeout SECONDS]
-//                     [--stop-event NAME] [--stop-file FILE] [--ready-event NAME]
-//
-// Script: one line per expected dialog, in the order they are expected; blank
-// lines and lines starting with ";" are ignored. Tab-separated key=value fields:
-//   button=&Yes          the button to press: its text ("&" and case ignored)
-//   button=#6            ... or its control id
-//   title=Roamwise       only answer a dialog whose title contains this text
-//   check=1005           tick a check box or choose an option button first
-//   uncheck=1005         clear a check box first
-//   set=1001:jsmith      put a text into a control (an edit field) first
-// (check boxes, then texts, then the button; check, uncheck and set may repeat)
-// A dialog that the next script line does not fit (another title, no such
-// button) is answered with its default button and recorded as unexpected; the
-// script line stays pending. A dialog still open 2 s after its answer is
-// answered again with its default button, and recorded again as unexpected.
-//
-// Output: one record per line, tab-separated fields, each escaped ("\\", "\t",
-// "\n", "\r"); written and flushed as they happen:
-//   dialog  PID EXE TITLE TEXT ANSWER-ID ANSWER-TEXT expected|unexpected CONTROL...
-//   window  PID EXE CLASS TITLE
-//   end     stopped|timeout SCRIPT-LINES-LEFT
-// TEXT is every non-empty static text of the dialog, joined by newlines (a
-// message box keeps its message in the static control with id 0xFFFF). Each
-// CONTROL is a push button "button:ID=TEXT", a check box "check:ID:1=TEXT"
-// (1 ticked, 0 not), an option button "radio:ID:1=TEXT" or an edit field
-// "edit:ID=TEXT", as the dialog showed them before it was answered.
+// The script and record formats are in tests/bench/README.md.
 
 // A test tool that only ever runs under Wine: newer functions are fine here.
 #undef _WIN32_WINNT
 #define _WIN32_WINNT 0x0600
 #include <windows.h>
 
+#include <algorithm>
 #include <cctype>
 #include <cstdio>
 #include <cstdlib>
@@ -56,37 +31,15 @@ struct ScriptLine {
     std::vector<std::pair<int, bool>> checks;  // id, ticked
 };
 
-struct Options {
-    std::string scriptFile;
-    std::string outFile;
-    std::string stopEvent;
-    std::string stopFile;
-    std::string readyEvent;
-    DWORD timeoutMs = 120000;
-};
-
 const UINT kPollMs = 50;
 const DWORD kReanswerMs = 2000;
 
 std::string Escape(const std::string& text) {
     std::string out;
+    const std::string special = "\\\t\n\r", letter = "\\tnr";
     for (char c : text) {
-        switch (c) {
-            case '\\':
-                out += "\\\\";
-                break;
-            case '\t':
-                out += "\\t";
-                break;
-            case '\n':
-                out += "\\n";
-                break;
-            case '\r':
-                out += "\\r";
-                break;
-            default:
-                out += c;
-        }
+        size_t at = special.find(c);
+        out += at == std::string::npos ? std::string(1, c) : "\\" + letter.substr(at, 1);
     }
     return out;
 }
@@ -143,44 +96,33 @@ bool ParseScript(const std::string& file, std::vector<ScriptLine>& script) {
         return false;
     }
     char buffer[4096];
-    int number = 0;
     bool ok = true;
-    while (fgets(buffer, sizeof buffer, in)) {
-        ++number;
-        std::string line(buffer);
-        while (!line.empty() && (line.back() == '\n' || line.back() == '\r')) line.pop_back();
+    for (int number = 1; fgets(buffer, sizeof buffer, in); ++number) {
+        std::string line = buffer;
+        line.erase(line.find_last_not_of("\r\n") + 1);
         if (line.empty() || line[0] == ';') continue;
         ScriptLine entry;
-        size_t start = 0;
-        while (start <= line.size()) {
-            size_t tab = line.find('\t', start);
-            std::string field =
-                line.substr(start, tab == std::string::npos ? std::string::npos : tab - start);
-            start = tab == std::string::npos ? line.size() + 1 : tab + 1;
-            if (field.empty()) continue;
-            size_t equals = field.find('=');
-            std::string key = equals == std::string::npos ? field : field.substr(0, equals);
-            std::string value = equals == std::string::npos ? "" : field.substr(equals + 1);
-            size_t colon = value.find(':');
-            if (key == "button") {
+        for (size_t start = 0, tab; start <= line.size(); start = tab + 1) {
+            tab = std::min(line.find('\t', start), line.size());
+            const std::string field = line.substr(start, tab - start);
+            const size_t equals = std::min(field.find('='), field.size());
+            const std::string key = field.substr(0, equals),
+                              value = field.substr(equals + 1 - (equals == field.size()));
+            const size_t colon = value.find(':');
+            if (key == "button")
                 entry.button = value;
-            } else if (key == "title") {
+            else if (key == "title")
                 entry.title = value;
-            } else if ((key == "check" || key == "uncheck") && !value.empty()) {
+            else if ((key == "check" || key == "uncheck") && !value.empty())
                 entry.checks.emplace_back(atoi(value.c_str()), key == "check");
-            } else if (key == "set" && colon != std::string::npos) {
-                entry.fields.emplace_back(atoi(value.substr(0, colon).c_str()),
-                                          value.substr(colon + 1));
-            } else {
-                fprintf(stderr, "DialogWatcher: %s:%d: unknown field \"%s\"\n", file.c_str(),
-                        number, field.c_str());
-                ok = false;
-            }
+            else if (key == "set" && colon != std::string::npos)
+                entry.fields.emplace_back(atoi(value.c_str()), value.substr(colon + 1));
+            else if (!field.empty())
+                ok = !fprintf(stderr, "DialogWatcher: %s:%d: unknown field \"%s\"\n", file.c_str(),
+                              number, field.c_str());
         }
-        if (entry.button.empty()) {
-            fprintf(stderr, "DialogWatcher: %s:%d: no button\n", file.c_str(), number);
-            ok = false;
-        }
+        if (entry.button.empty())
+            ok = !fprintf(stderr, "DialogWatcher: %s:%d: no button\n", file.c_str(), number);
         script.push_back(entry);
     }
     fclose(in);
@@ -408,18 +350,13 @@ LRESULT CALLBACK WatcherWindowProc(HWND window, UINT message, WPARAM wParam, LPA
         const auto* copy = reinterpret_cast<const COPYDATASTRUCT*>(lParam);
         if (copy->dwData == kShownWindow) {
             // pid, handle, class, title
-            std::string data(static_cast<const char*>(copy->lpData), copy->cbData);
-            std::vector<std::string> fields;
-            size_t start = 0;
-            for (int i = 0; i < 3; ++i) {
-                size_t tab = data.find('\t', start);
-                if (tab == std::string::npos) return FALSE;
-                fields.push_back(data.substr(start, tab - start));
-                start = tab + 1;
-            }
-            fields.push_back(data.substr(start));
-            gWatcher->NoteShown(reinterpret_cast<HWND>(std::stoull(fields[1])),
-                                static_cast<DWORD>(std::stoul(fields[0])), fields[2], fields[3]);
+            const std::string data(static_cast<const char*>(copy->lpData), copy->cbData);
+            const size_t a = data.find('\t'), b = data.find('\t', a + 1),
+                         c = data.find('\t', b + 1);
+            if (b == std::string::npos || c == std::string::npos) return FALSE;
+            gWatcher->NoteShown(reinterpret_cast<HWND>(std::stoull(data.substr(a + 1))),
+                                static_cast<DWORD>(std::stoul(data)), data.substr(b + 1, c - b - 1),
+                                data.substr(c + 1));
             return TRUE;
         }
     }
@@ -447,62 +384,47 @@ HHOOK InstallShowHook() {
     return proc ? SetWindowsHookExA(WH_CALLWNDPROCRET, proc, module, 0) : nullptr;
 }
 
-bool StopRequested(HANDLE stopEvent, const Options& options) {
-    if (stopEvent && WaitForSingleObject(stopEvent, 0) == WAIT_OBJECT_0) return true;
-    return !options.stopFile.empty() &&
-           GetFileAttributesA(options.stopFile.c_str()) != INVALID_FILE_ATTRIBUTES;
-}
-
-int Usage() {
-    fprintf(
-        stderr,
-        "usage: DialogWatcher.exe [--script FILE] [--out FILE] [--timeout SECONDS]\n"
-        "                         [--stop-event NAME] [--stop-file FILE] [--ready-event NAME]\n");
-    return 2;
-}
+const char kUsage[] =
+    " [--script FILE] [--out FILE] [--timeout SECONDS] [--stop-event NAME] [--stop-file FILE]"
+    " [--ready-event NAME]";
 
 }  // namespace
 
 int main(int argc, char** argv) {
-    Options options;
-    for (int i = 1; i < argc; ++i) {
-        std::string arg = argv[i];
-        if (i + 1 >= argc) return Usage();
-        std::string value = argv[++i];
-        if (arg == "--script")
-            options.scriptFile = value;
-        else if (arg == "--out")
-            options.outFile = value;
-        else if (arg == "--timeout")
-            options.timeoutMs = static_cast<DWORD>(atof(value.c_str()) * 1000);
-        else if (arg == "--stop-event")
-            options.stopEvent = value;
-        else if (arg == "--stop-file")
-            options.stopFile = value;
-        else if (arg == "--ready-event")
-            options.readyEvent = value;
-        else
-            return Usage();
+    // --script, --out, --timeout (seconds), --stop-event, --stop-file, --ready-event
+    std::map<std::string, std::string> options;
+    for (int i = 1; i < argc; i += 2) {
+        const std::string name = argv[i];
+        if (i + 1 == argc || std::string(kUsage).find(" [" + name + " ") == std::string::npos) {
+            fprintf(stderr, "usage: DialogWatcher.exe%s\n", kUsage);
+            return 2;
+        }
+        options[name] = argv[i + 1];
     }
+    const std::string scriptFile = options["--script"], outFile = options["--out"];
+    const std::string stopFile = options["--stop-file"];
+    const DWORD timeoutMs = options.count("--timeout")
+                                ? static_cast<DWORD>(atof(options["--timeout"].c_str()) * 1000)
+                                : 120000;
 
     std::vector<ScriptLine> script;
-    if (!options.scriptFile.empty() && !ParseScript(options.scriptFile, script)) return 2;
-    FILE* out = options.outFile.empty() ? stdout : fopen(options.outFile.c_str(), "wb");
+    if (!scriptFile.empty() && !ParseScript(scriptFile, script)) return 2;
+    FILE* out = outFile.empty() ? stdout : fopen(outFile.c_str(), "wb");
     if (!out) {
-        fprintf(stderr, "DialogWatcher: cannot write %s\n", options.outFile.c_str());
+        fprintf(stderr, "DialogWatcher: cannot write %s\n", outFile.c_str());
         return 2;
     }
 
     HANDLE stopEvent = nullptr;
-    if (!options.stopEvent.empty())
-        stopEvent = CreateEventA(nullptr, TRUE, FALSE, options.stopEvent.c_str());
+    if (options.count("--stop-event"))
+        stopEvent = CreateEventA(nullptr, TRUE, FALSE, options["--stop-event"].c_str());
 
     Watcher watcher(std::move(script), out);
     gWatcher = &watcher;
     HHOOK hook = InstallShowHook();
 
-    if (!options.readyEvent.empty()) {
-        HANDLE ready = OpenEventA(EVENT_MODIFY_STATE, FALSE, options.readyEvent.c_str());
+    if (options.count("--ready-event")) {
+        HANDLE ready = OpenEventA(EVENT_MODIFY_STATE, FALSE, options["--ready-event"].c_str());
         if (ready) {
             SetEvent(ready);
             CloseHandle(ready);
@@ -513,12 +435,14 @@ int main(int argc, char** argv) {
     const char* reason = "timeout";
     for (;;) {
         watcher.Scan();
-        if (StopRequested(stopEvent, options)) {
+        if ((stopEvent && WaitForSingleObject(stopEvent, 0) == WAIT_OBJECT_0) ||
+            (!stopFile.empty() &&
+             GetFileAttributesA(stopFile.c_str()) != INVALID_FILE_ATTRIBUTES)) {
             watcher.Scan();
             reason = "stopped";
             break;
         }
-        if (GetTickCount() - start > options.timeoutMs) break;
+        if (GetTickCount() - start > timeoutMs) break;
         DWORD waitCount = stopEvent ? 1 : 0;
         MsgWaitForMultipleObjects(waitCount, &stopEvent, FALSE, kPollMs, QS_ALLINPUT);
         MSG message;

@@ -1,6 +1,7 @@
 // Runs of Rwz.exe with the dialog watcher beside it.
 #include <gtest/gtest.h>
 
+#include <memory>
 #include <sstream>
 #include <stdexcept>
 
@@ -11,19 +12,7 @@ namespace bench {
 namespace {
 
 // Owns a kernel handle.
-class Handle {
-  public:
-    explicit Handle(HANDLE handle = nullptr) : mHandle(handle) {}
-    ~Handle() {
-        if (mHandle) CloseHandle(mHandle);
-    }
-    Handle(const Handle&) = delete;
-    Handle& operator=(const Handle&) = delete;
-    HANDLE Get() const { return mHandle; }
-
-  private:
-    HANDLE mHandle;
-};
+using Handle = std::unique_ptr<void, decltype(&CloseHandle)>;
 
 std::string Unescape(const std::string& field) {
     std::string out;
@@ -185,14 +174,14 @@ DialogWatch::DialogWatch(const std::vector<Answer>& script, DWORD timeoutMs) {
     std::string stopName = "RwzBenchStop-" + id;
     std::string readyName = "RwzBenchReady-" + id;
     mStop = CreateEventA(nullptr, TRUE, FALSE, stopName.c_str());
-    Handle ready(CreateEventA(nullptr, TRUE, FALSE, readyName.c_str()));
+    Handle ready(CreateEventA(nullptr, TRUE, FALSE, readyName.c_str()), &CloseHandle);
 
     std::string watcherExe = BuildDir() + "\\tests\\DialogWatcher.exe";
     std::string watcherArgs = "--script \"" + scriptFile + "\" --out \"" + mOutFile +
                               "\" --stop-event " + stopName + " --ready-event " + readyName +
                               " --timeout " + std::to_string(timeoutMs / 1000 + 1);
     mWatcher = StartProcess(watcherExe, watcherArgs, "");
-    HANDLE readyOrGone[] = {ready.Get(), mWatcher};
+    HANDLE readyOrGone[] = {ready.get(), mWatcher};
     if (WaitForMultipleObjects(2, readyOrGone, FALSE, 15000) != WAIT_OBJECT_0) {
         TerminateProcess(mWatcher, 1);
         CloseHandle(mWatcher);
@@ -225,13 +214,13 @@ RunResult RunRwz(const RunOptions& options) {
     DialogWatch watch(options.script, options.timeoutMs + 30000);
     RunResult result;
     std::string workDir = options.workDir.empty() ? InstallDir() : options.workDir;
-    Handle process(StartProcess(InstalledRwz(), options.args, workDir, &result.pid));
-    if (WaitForSingleObject(process.Get(), options.timeoutMs) != WAIT_OBJECT_0) {
+    Handle process(StartProcess(InstalledRwz(), options.args, workDir, &result.pid), &CloseHandle);
+    if (WaitForSingleObject(process.get(), options.timeoutMs) != WAIT_OBJECT_0) {
         result.timedOut = true;
-        TerminateProcess(process.Get(), 259);
-        WaitForSingleObject(process.Get(), 5000);
+        TerminateProcess(process.get(), 259);
+        WaitForSingleObject(process.get(), 5000);
     }
-    GetExitCodeProcess(process.Get(), &result.exitCode);
+    GetExitCodeProcess(process.get(), &result.exitCode);
     static_cast<WatchResult&>(result) = watch.Stop();
     result.logExists = ReadFile(DebugLogPath(), result.log);
 

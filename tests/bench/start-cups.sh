@@ -1,24 +1,12 @@
 #!/usr/bin/env bash
-# start-cups.sh [--check]
-# Makes the printer the print tests and the demo print on: a CUPS server with a
-# PDF queue (cups-pdf), the system's default destination, which Wine's spooler
-# lists as an installed printer (Wine reads the CUPS queues whenever a process
-# loads winspool, so prefixes made before the printer existed see it too).
-#
-#   queue     RoamwisePDF (device cups-pdf:/roamwise)
-#   output    /var/spool/cups-pdf/roamwise/<title>-job_<n>.pdf, readable by all
-#
-# scripts/test.sh runs it after making the base prefix: a base prefix that
-# already lists the printer holds a copy of the queue's PPD, and a clone whose
-# Wine refreshes that copy (after the queue was made anew) would write it
-# through the clone's hard link into the base.
-#
-# Installs what is missing, writes the queue's configuration, starts cupsd
-# when it is not running, creates, enables and selects the queue. Idempotent:
-# a second run changes nothing. Every step has a time limit, so a broken CUPS
-# makes this script fail, never hang. Needs root (or sudo without a password).
-# --check  also prints a test page and waits for its PDF (about 2 s).
-# Exit code 0 when the printer is ready.
+# start-cups.sh
+# Makes the printer the print tests and the demo print on: a CUPS queue
+# RoamwisePDF (device cups-pdf:/roamwise, PDFs in /var/spool/cups-pdf/roamwise),
+# the default destination, which Wine's spooler lists as an installed printer.
+# scripts/test.sh runs it after making the base prefix: a clone whose Wine
+# refreshed the queue's PPD copy would write it through a hard link into the base.
+# Installs what is missing, starts cupsd, creates, enables and selects the
+# queue; idempotent, every step time-limited (fails, never hangs). Needs root.
 set -uo pipefail
 here=$(cd "$(dirname "${BASH_SOURCE[0]}")" && pwd)
 queue=RoamwisePDF
@@ -109,25 +97,4 @@ fi
 timeout -k 2 10 lpstat -p "$queue" 2>/dev/null </dev/null | grep -q "enabled" ||
     fail "the queue $queue is not enabled"
 
-if [ "${1:-}" = --check ]; then
-    marker="rwz-check-$$-$(date +%s%N)"
-    start=$(date +%s%N)
-    # PostScript, as Wine's printer driver sends it.
-    printf '%%!PS\n/Courier findfont 10 scalefont setfont 72 720 moveto\n(Roamwise printer check %s) show showpage\n' \
-        "$marker" | timeout -k 2 10 lp -d "$queue" -t "$marker" >>"$log" 2>&1 ||
-        fail "lp refused the test page"
-    pdf=""
-    for _ in $(seq 1 120); do
-        pdf=$(ls "$out_dir"/"$marker"*.pdf 2>/dev/null | head -n 1)
-        [ -n "$pdf" ] && tail -c 32 "$pdf" | grep -q '%%EOF' && break
-        pdf=""
-        sleep 0.25
-    done
-    [ -n "$pdf" ] || fail "no PDF of the test page within 30 s in $out_dir"
-    timeout -k 2 20 pdftotext "$pdf" - 2>/dev/null | grep -q "$marker" ||
-        fail "the test page's PDF $pdf does not hold its text"
-    rm -f "$pdf"
-    ms=$((($(date +%s%N) - start) / 1000000))
-    say "test page printed in $((ms / 1000)).$((ms % 1000 / 100)) s"
-fi
 say "printer $queue ready (default destination), PDFs in $out_dir"

@@ -1,20 +1,6 @@
 // What the stand-in netapi32.dll and dhcpcsvc.dll share: they answer as the
 // file NetworkStandIns.ini beside them says, and append one line per call to
-// NetworkCalls.txt beside them.
-//
-// NetworkStandIns.ini: one section per function, e.g.
-//   [NetJoinDomain]
-//   Result=1355          ; or a list "2691,0": one per call, the last repeats
-//   [NetGetJoinInformation]
-//   Result=0
-//   Name=NORTHWIND
-//   Status=3             ; 2 = workgroup, 3 = domain
-// A function without a section answers 0.
-//
-// NetworkCalls.txt: one line per call, tab-separated, the function's name and
-// then name=value fields ("(null)" for a null pointer); tab, CR, LF and
-// backslash in a value are written as \t, \r, \n and \\.
-//   NetJoinDomain  server=(null)  domain=NORTHWIND  ...  options=33  result=1355
+// NetworkCalls.txt beside them (formats in tests/bench/README.md).
 #pragma once
 
 #include <windows.h>
@@ -83,23 +69,10 @@ inline std::string Address(DWORD address) {
 
 inline std::string Escape(const std::string& text) {
     std::string out;
+    const std::string special = "\\\t\r\n", letter = "\\trn";
     for (char c : text) {
-        switch (c) {
-            case '\\':
-                out += "\\\\";
-                break;
-            case '\t':
-                out += "\\t";
-                break;
-            case '\r':
-                out += "\\r";
-                break;
-            case '\n':
-                out += "\\n";
-                break;
-            default:
-                out += c;
-        }
+        size_t at = special.find(c);
+        out += at == std::string::npos ? std::string(1, c) : "\\" + letter.substr(at, 1);
     }
     return out;
 }
