@@ -368,7 +368,6 @@ INSTANTIATE_TEST_SUITE_P(
                       AdapterCase{"xp-laptop", "index:1", kWireless, false},
                       AdapterCase{"xp-laptop", "INDEX:0", kWired, false},
                       AdapterCase{"xp-laptop", "index:9", kWired, false},
-                      AdapterCase{"xp-laptop", "{*Token Ring*}", kWired, false},
                       AdapterCase{"xp-laptop", "1394 Connection (Disabled)", kFireWire, true},
                       AdapterCase{"xp-laptop", "{1394*}", kFireWire, true},
                       // Two adapters of one name: the later one.
