@@ -118,11 +118,14 @@ void clsRwzConfig::SaveAdvancedSettings() {
 }
 
 bool clsRwzConfig::ApplyConfiguration(const AddInCollection& acolAddIns,
-                                      const CloseBrowserQuestion& askCloseBrowser) {
+                                      const CloseBrowserQuestion& askCloseBrowser,
+                                      const ApplyFailureNotice& tellFailure) {
     Procedure proc(kObject, "ApplyConfiguration");
     return proc.Run([&] {
         bool restart = false;
-        if (ApplyGeneral() && mobjNet) mobjNet->ApplyConfiguration();
+        if (ApplyGeneral() && mobjNet)
+            for (const std::string& failure : mobjNet->ApplyConfiguration())
+                if (tellFailure) tellFailure(failure);
 
         const BrowserArea browsers[] = {
             {mobjIE.get(), ApplyIE(), "IEFrame", "Internet Explorer"},
