@@ -319,7 +319,7 @@ void frmMain::Form_Load() {
         InitializeMenu();
         InitializeForm();
 
-        const std::string text = CommandLineText();
+        const std::string text = CommandLineText(GetCommandLineA());
         if (!text.empty()) {
             ProcessCommandLineSwitches(GetCommandLineArgs(text));
             if (mblnExitAfterSwitches) Unload();
@@ -438,9 +438,20 @@ void frmMain::ProcessCommandLineSwitches(const std::vector<std::string>& avarArg
             mblnExitAfterSwitches = true;
             ShowHelpContents();
         }
-        if (found("load")) OpenConfigurationFile(Trim(value));
-        if (found("uid") && net) net->SetNTDomainUserName(value);
-        if (found("pwd") && net) net->SetNTDomainPassword(value);
+        for (const std::string& unknown : UnknownSwitches(avarArgs))
+            proc.Log("unknown switch '" + unknown + "'");
+        if (found("load")) {
+            const std::string problem = ProfilePathProblem(Trim(value));
+            if (problem.empty()) {
+                OpenConfigurationFile(Trim(value));
+            } else {
+                WriteLog("frmMain - ProcessCommandLineSwitches: " + problem, kLogWarning);
+                ShowMessage(problem, MB_OK | MB_ICONEXCLAMATION, kProductName);
+            }
+        }
+        // Credentials never carry the blanks around them.
+        if (found("uid") && net) net->SetNTDomainUserName(Trim(value));
+        if (found("pwd") && net) net->SetNTDomainPassword(Trim(value));
         if (found("save")) SaveConfigurationFile(value);
         if (found("export") && mobjConfig) clsSettings().ExportAllSettings(*mobjConfig, value);
         if (found("apply")) ApplyConfiguration();

@@ -17,7 +17,7 @@ const std::string kXmlHeader = "<?xml version=\"1.0\"?>\r\n";
 TEST(ZvMozillaLib, ReadsTheProfilesOfAGeneratedRegistry) {
     const SampleRegistry sample = MakeSampleRegistry();
     ZvMozillaLib registry;
-    ASSERT_TRUE(registry.Open(WriteTestFile("sample.dat", sample.Bytes)));
+    ASSERT_TRUE(registry.ReadRegistry(sample.Bytes));
     EXPECT_FALSE(registry.IsDamaged());
     EXPECT_EQ(registry.NodeCount(), 17u);
     EXPECT_EQ(registry.MajorVersion(), 1);
@@ -172,26 +172,18 @@ TEST(ZvMozillaLib, RefusesWhatIsNotARegistry) {
     }
 }
 
-TEST(ZvMozillaLib, OpenFailsOnAMissingFileOrAFolder) {
-    ZvMozillaLib registry;
-    EXPECT_FALSE(registry.Open(TestFolder() + "\\no such registry.dat"));
-    EXPECT_EQ(registry.FilePath(), TestFolder() + "\\no such registry.dat");
-    EXPECT_FALSE(registry.Open(TestFolder()));
-    EXPECT_EQ(registry.ToXML(), kXmlHeader);
-}
-
 TEST(ZvMozillaLib, ReadingAgainReplacesWhatWasRead) {
     ZvMozillaLib registry;
-    ASSERT_TRUE(registry.Open(WriteTestFile("first.dat", MakeSampleRegistry().Bytes)));
+    ASSERT_TRUE(registry.ReadRegistry(MakeSampleRegistry().Bytes));
     RegistryDatWriter other;
     const auto profiles = other.AddKey(other.AddKey(other.Root(), "Common"), "Profiles");
     other.AddKey(profiles, "solo");
-    ASSERT_TRUE(registry.Open(WriteTestFile("second.dat", other.Build())));
+    ASSERT_TRUE(registry.ReadRegistry(other.Build()));
     ASSERT_EQ(registry.ProfileList().size(), 1u);
     EXPECT_EQ(registry.ProfileList()[0].Name, "solo");
     EXPECT_EQ(registry.CurrentProfileName(), "");
     // A failed read leaves nothing behind.
-    EXPECT_FALSE(registry.Open(WriteTestFile("third.dat", "not a registry")));
+    EXPECT_FALSE(registry.ReadRegistry("not a registry"));
     EXPECT_TRUE(registry.Keys().empty());
     EXPECT_EQ(registry.NodeCount(), 0u);
 }
