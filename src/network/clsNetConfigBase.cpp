@@ -6,6 +6,7 @@
 #include "network/modAdapterChoice.h"
 #include "network/modScramble.h"
 #include "platform/Procedure.h"
+#include "platform/modLogging.h"
 #include "platform/modUtilities.h"
 #include "profile/modProfileIO.h"
 
@@ -297,6 +298,17 @@ void clsNetConfigBase::LoadConfiguration() {
 }
 
 void clsNetConfigBase::RunSetOperation(NetSetting aSetting) {
+    // An empty name would leave the machine without one: it is never written.
+    const bool emptyName =
+        (aSetting == NetSetting::ComputerName && Trim(mstrComputerName).empty()) ||
+        (aSetting == NetSetting::Host && Trim(mstrHost).empty()) ||
+        (aSetting == NetSetting::Workgroup && Trim(mstrWorkgroup).empty());
+    if (emptyName) {
+        WriteLog(std::string("clsNetConfigBase - ") + SetOperationName(aSetting) +
+                     ": an empty name is not written",
+                 kLogWarning);
+        return;
+    }
     switch (aSetting) {
         case NetSetting::ComputerName:
             SetComputerName();

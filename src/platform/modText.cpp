@@ -117,6 +117,28 @@ std::vector<uint8_t> CommaListToMultiString(const std::string& astrText) {
     return bytes;
 }
 
+std::vector<std::string> IniSectionNames(const std::string& astrText) {
+    std::vector<std::string> names;
+    size_t start = astrText.compare(0, 3, "\xEF\xBB\xBF") == 0 ? 3 : 0;
+    while (start < astrText.size()) {
+        size_t end = astrText.find('\n', start);
+        if (end == std::string::npos) end = astrText.size();
+        const size_t first = astrText.find_first_not_of(" \t", start);
+        if (first < end && astrText[first] == '[') {
+            const size_t close = astrText.find(']', first);
+            if (close < end) {
+                const std::string name = astrText.substr(first + 1, close - first - 1);
+                const size_t from = name.find_first_not_of(" \t");
+                const size_t to = name.find_last_not_of(" \t");
+                names.push_back(from == std::string::npos ? std::string()
+                                                          : name.substr(from, to - from + 1));
+            }
+        }
+        start = end + 1;
+    }
+    return names;
+}
+
 // ---------------------------------------------------------------------------
 // Conditional profile values
 // ---------------------------------------------------------------------------

@@ -28,6 +28,11 @@ bool IsValidIP(const std::string& astrText);
 // "a,b" gives the bytes 61 00 62; "" gives 00 00.
 std::vector<uint8_t> CommaListToMultiString(const std::string& astrText);
 
+// The names of the sections of an INI text ("[name]" lines, blanks around the
+// line and the name removed), in file order. A UTF-8 byte-order mark is
+// skipped; UTF-16 text has none (its lines do not begin with "[").
+std::vector<std::string> IniSectionNames(const std::string& astrText);
+
 // Resolves a conditional profile value such as IsWindowsXP("a","b") for the
 // given system tag and edition.
 std::string EvaluateConditionFor(const std::string& astrValue, const std::string& astrOSTag,

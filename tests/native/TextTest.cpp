@@ -114,5 +114,14 @@ TEST(TextHelpersTest, SplitJoinTrimAndCase) {
     EXPECT_EQ(ToUpper("\xE9t\xE9 \x9A\xFF\xF7"), "\xC9T\xC9 \x8A\x9F\xF7");
 }
 
+TEST(TextHelpersTest, IniSectionNames) {
+    using Names = std::vector<std::string>;
+    EXPECT_EQ(IniSectionNames("; c\r\n[Enabled Sections]\r\nGeneral=1\r\n  [ Opera ]  \r\n[x"),
+              (Names{"Enabled Sections", "Opera"}));
+    EXPECT_EQ(IniSectionNames("\xEF\xBB\xBF[Network]\n"), Names{"Network"});
+    EXPECT_EQ(IniSectionNames(std::string("\xFF\xFE[\0N\0]\0\r\0\n\0[\0", 15)), Names{});
+    EXPECT_EQ(IniSectionNames(""), Names{});
+}
+
 }  // namespace
 }  // namespace rwz
