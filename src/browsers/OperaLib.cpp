@@ -4,12 +4,14 @@
 
 #include <optional>
 #include <utility>
+#include <vector>
 
 #include "browsers/modShellFolders.h"
 #include "platform/Procedure.h"
 #include "platform/RwzError.h"
 #include "platform/modAPI.h"
 #include "platform/modUtilities.h"
+#include "platform/modSafeFile.h"
 #include "profile/modProfileIO.h"
 
 namespace rwz {
@@ -191,6 +193,7 @@ void OperaLib::ApplyConfiguration() {
         if (attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_READONLY)) {
             RaiseRuntimeError(kErrPermissionDenied, kTag);
         }
+        std::vector<std::pair<const IniKey*, std::string>> changes;
         for (const IniKey& key : IniKeys()) {
             const std::string live =
                 StripNulls(ReadProfileString(mstrSettingsFile, key.Section, key.Key, key.Default));
@@ -216,8 +219,17 @@ void OperaLib::ApplyConfiguration() {
                     break;
             }
             if (same) continue;
-            WriteProfileString(mstrSettingsFile, key.Section, key.Key, text);
-            proc.Log(std::string(key.Key) + " = " + text);
+            changes.emplace_back(&key, text);
+        }
+        // The changes go into a copy that then takes the file's place, so the
+        // file is never left half-written.
+        if (!changes.empty()) {
+            EditFileSafely(mstrSettingsFile, [&](const std::string& copy) {
+                for (const auto& [key, text] : changes) {
+                    WriteProfileString(copy, key->Section, key->Key, text);
+                    proc.Log(std::string(key->Key) + " = " + text);
+                }
+            });
         }
         ResetFlags();
     });
