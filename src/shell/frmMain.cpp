@@ -440,10 +440,14 @@ void frmMain::ProcessCommandLineSwitches(const std::vector<std::string>& avarArg
         }
         for (const std::string& unknown : UnknownSwitches(avarArgs))
             proc.Log("unknown switch '" + unknown + "'");
+        // A profile that was named but not loaded is never applied, saved or exported.
+        bool notLoaded = false;
         if (found("load")) {
             const std::string problem = ProfilePathProblem(Trim(value));
+            notLoaded = true;
             if (problem.empty()) {
                 OpenConfigurationFile(Trim(value));
+                notLoaded = !mblnFileLoaded;
             } else {
                 WriteLog("frmMain - ProcessCommandLineSwitches: " + problem, kLogWarning);
                 ShowMessage(problem, MB_OK | MB_ICONEXCLAMATION, kProductName);
@@ -452,9 +456,12 @@ void frmMain::ProcessCommandLineSwitches(const std::vector<std::string>& avarArg
         // Credentials never carry the blanks around them.
         if (found("uid") && net) net->SetNTDomainUserName(Trim(value));
         if (found("pwd") && net) net->SetNTDomainPassword(Trim(value));
-        if (found("save")) SaveConfigurationFile(value);
-        if (found("export") && mobjConfig) clsSettings().ExportAllSettings(*mobjConfig, value);
-        if (found("apply")) ApplyConfiguration();
+        if (notLoaded)
+            proc.Log("the profile was not loaded: nothing is saved, exported or applied");
+        if (found("save") && !notLoaded) SaveConfigurationFile(value);
+        if (found("export") && mobjConfig && !notLoaded)
+            clsSettings().ExportAllSettings(*mobjConfig, value);
+        if (found("apply") && !notLoaded) ApplyConfiguration();
         const bool pending = RestartPending();
         if (found("print") && mobjConfig) clsSettings().PrintAllSettings(*mobjConfig);
         const bool force = found("force", false);
