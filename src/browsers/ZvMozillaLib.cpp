@@ -212,7 +212,7 @@ bool ZvMozillaLib::ReadTree() {
     ZvRegKey top;
     ReadChain(mlngRoot, top, 0);
     if (!top.Entries().empty()) Damage("entry outside any key", mlngRoot);
-    mobjKeys = top.Keys();
+    mobjKeys = top.ReleaseKeys();
     return !mobjKeys.empty();
 }
 
