@@ -28,6 +28,16 @@ bool IsValidIP(const std::string& astrText);
 // "a,b" gives the bytes 61 00 62; "" gives 00 00.
 std::vector<uint8_t> CommaListToMultiString(const std::string& astrText);
 
+// Splits a list at `astrSeparator` ("," when empty; found without regard to
+// case) into trimmed entries, padded with empty ones to `aintMinCount`.
+std::vector<std::string> SplitIP(const std::string& astrText,
+                                 const std::string& astrSeparator = ",", int aintMinCount = 0);
+// Joins entries with `astrSeparator` ("," when empty). Empty entries at the
+// end are left out; empty entries between others are kept, so that an entry
+// being retyped keeps the positions of those after it.
+std::string MergeIP(const std::vector<std::string>& astrEntries,
+                    const std::string& astrSeparator = ",");
+
 // The names of the sections of an INI text ("[name]" lines, blanks around the
 // line and the name removed), in file order. A UTF-8 byte-order mark is
 // skipped; UTF-16 text has none (its lines do not begin with "[").

@@ -89,6 +89,8 @@ inline void RunConditions(const std::string& bytes) {
     Require(Join(Split(bytes, ","), ",") == bytes);
     Require(ToLower(ToUpper(bytes)).size() == bytes.size());
     Trim(StripNulls(bytes));
+    MergeIP(SplitIP(bytes, bytes.substr(0, 1), 3));
+    IniSectionNames(bytes);
 }
 
 inline void RunReportLayout(const std::string& bytes) {

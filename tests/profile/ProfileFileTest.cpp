@@ -279,7 +279,8 @@ TEST_F(ProfileFileTest, OnlyExactlyOneEnablesAnArea) {
     }
 }
 
-TEST_F(ProfileFileTest, FileWithOnlyReadOnlyOpensEverythingEnabledAndReadOnly) {
+// Without [Enabled Sections] every area would be on, but none has its sections.
+TEST_F(ProfileFileTest, FileWithOnlyReadOnlyOpensWithNoAreaAndReadOnly) {
     const std::string file = Path("ro.rwz");
     WriteRaw(file, "[Advanced]\r\nReadOnly=1\r\n");
     ProfileFileSettings settings;
@@ -290,30 +291,37 @@ TEST_F(ProfileFileTest, FileWithOnlyReadOnlyOpensEverythingEnabledAndReadOnly) {
 
     ReadProfileFile(file, settings, fake.owners);
 
-    EXPECT_TRUE(settings.ApplyGeneral && settings.ApplyIE && settings.ApplyNN &&
-                settings.ApplyOpera);
+    EXPECT_FALSE(settings.ApplyGeneral || settings.ApplyIE || settings.ApplyNN ||
+                 settings.ApplyOpera);
     EXPECT_TRUE(settings.ReadOnly);
     EXPECT_FALSE(settings.AutoApply);
     EXPECT_FALSE(settings.AutoReboot);
     EXPECT_EQ(settings.Comments, "");
 }
 
-TEST_F(ProfileFileTest, MissingFileReadsAsDefaultsAndIsNotCreated) {
-    const std::string file = Path("nowhere.rwz");
-    ProfileFileSettings settings;
-    settings.ApplyOpera = false;
-    settings.ReadOnly = true;
-    settings.AutoReboot = true;
-    FakeOwners fake;
-
-    EXPECT_EQ(LoadProfileFile("clsRwzConfig:LoadConfigurationFile", file, settings, fake.owners),
-              0);
-
-    EXPECT_TRUE(settings.ApplyGeneral && settings.ApplyIE && settings.ApplyNN &&
-                settings.ApplyOpera);
-    EXPECT_FALSE(settings.ReadOnly || settings.AutoReboot || settings.AutoApply);
-    EXPECT_EQ(fake.calls.size(), 5u);  // every back end reads its own defaults
-    EXPECT_EQ(GetFileAttributesA(file.c_str()), INVALID_FILE_ATTRIBUTES);
+TEST_F(ProfileFileTest, WhatIsNotAProfileIsRefusedAndNotCreated) {
+    const struct {
+        const char* name;
+        std::string content;  // "" with no file at all
+    } cases[] = {
+        {"nowhere.rwz", ""},
+        {"empty.rwz", "\r\n"},
+        {"other.ini", "[Settings]\r\nGeneral=1\r\n"},
+        {"utf16.rwz", std::string("\xFF\xFE[\0O\0p\0e\0r\0a\0]\0", 16)},
+    };
+    for (const auto& c : cases) {
+        const std::string file = Path(c.name);
+        if (!c.content.empty()) WriteRaw(file, c.content);
+        ProfileFileSettings settings;
+        settings.ApplyOpera = false;
+        FakeOwners fake;
+        EXPECT_EQ(LoadProfileFile("clsRwzConfig:LoadConfigurationFile", file, settings, fake.owners),
+                  1)
+            << c.name;
+        EXPECT_FALSE(settings.ApplyOpera) << c.name;
+        EXPECT_TRUE(fake.calls.empty()) << c.name;
+    }
+    EXPECT_EQ(GetFileAttributesA(Path("nowhere.rwz").c_str()), INVALID_FILE_ATTRIBUTES);
 }
 
 TEST_F(ProfileFileTest, LongCommentReadsBackAs254Characters) {
@@ -354,7 +362,8 @@ TEST_F(ProfileFileTest, FirstOfDuplicateSectionsAndKeysWins) {
     WriteRaw(file,
              "[Enabled Sections]\r\nGeneral=0\r\nOpera=0\r\nOpera=1\r\n"
              "[Advanced]\r\nComments=one\r\n"
-             "[ENABLED SECTIONS]\r\nGeneral=1\r\nInternet Explorer=0\r\n");
+             "[ENABLED SECTIONS]\r\nGeneral=1\r\nInternet Explorer=0\r\n"
+             "[Internet Explorer]\r\n[Network]\r\n");
     ProfileFileSettings settings;
     ReadProfileFile(file, settings, {});
     EXPECT_FALSE(settings.ApplyGeneral);
