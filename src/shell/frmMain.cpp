@@ -438,8 +438,8 @@ void frmMain::ProcessCommandLineSwitches(const std::vector<std::string>& avarArg
             mblnExitAfterSwitches = true;
             ShowHelpContents();
         }
-        for (const std::string& unknown : UnknownSwitches(avarArgs))
-            proc.Log("unknown switch '" + unknown + "'");
+        const std::vector<std::string> unknown = UnknownSwitches(avarArgs);
+        if (!unknown.empty()) proc.Log(UnknownSwitchesText(unknown));
         // A profile that was named but not loaded is never applied, saved or exported.
         bool notLoaded = false;
         if (found("load")) {

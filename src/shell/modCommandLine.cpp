@@ -119,6 +119,16 @@ std::vector<std::string> UnknownSwitches(const std::vector<std::string>& avarArg
     return unknown;
 }
 
+std::string UnknownSwitchesText(const std::vector<std::string>& acolUnknown) {
+    const size_t kShown = 10;
+    std::string text = "unknown switches: ";
+    for (size_t i = 0; i < acolUnknown.size() && i < kShown; ++i)
+        text += (i ? ", '" : "'") + acolUnknown[i] + "'";
+    if (acolUnknown.size() > kShown)
+        text += " (and " + std::to_string(acolUnknown.size() - kShown) + " more)";
+    return text;
+}
+
 std::string MaskPasswords(const std::string& astrText) {
     // Masks each entry as GetCommandLineArgs cuts it, quotes and all.
     std::string masked;

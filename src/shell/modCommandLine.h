@@ -28,6 +28,10 @@ std::string SwitchValue(const std::string& astrEntry, const std::string& astrNam
 // excepted), for the log.
 std::vector<std::string> UnknownSwitches(const std::vector<std::string>& avarArgs);
 
+// One log line naming them: "unknown switches: 'a ', 'b '", the first ten
+// only, then how many more there were.
+std::string UnknownSwitchesText(const std::vector<std::string>& acolUnknown);
+
 // The text with the value of every entry that is, or looks like, a password
 // switch written as "****", for the log: the debug log is sent to support and
 // never holds a character of a password.

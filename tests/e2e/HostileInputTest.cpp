@@ -93,10 +93,10 @@ TEST(HostileInput, CommandLinesEndWithAMessageOrALogLine) {
     const Case cases[] = {
         {"/hidden /load", "path is missing", "path is missing"},
         {"/hidden /load C:\\" + std::string(300, 'p') + ".rwz", "too long", "too long"},
-        {many, "", "unknown switch 'x '"},
+        {many, "", "unknown switches: 'x ', 'x '"},
         {"/hidden /load \"C:\\no such.rwz /apply", "could not be opened", "GetSwitch: load"},
         {"/hidden /a /b /c /d /e /f /g /h /i /j /load C:\\Profiles\\office.rwz /apply",
-         "could not be opened", "unknown switch 'j '"},
+         "could not be opened", "'i ', 'j '"},
     };
     for (const Case& c : cases) {
         bench::Machine machine("xp-laptop");

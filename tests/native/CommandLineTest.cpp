@@ -38,6 +38,9 @@ TEST(CommandLineArgs, KeepsEveryEntry) {
     EXPECT_EQ("hidden ", GetSwitch("hidden", args));
     EXPECT_EQ("apply", args.back());
     EXPECT_EQ((Args{"a ", "b ", "j "}), UnknownSwitches({"a ", "load x ", "b ", "x.rwz ", "j "}));
+    EXPECT_EQ("unknown switches: 'a ', 'b '", UnknownSwitchesText({"a ", "b "}));
+    EXPECT_EQ("unknown switches: 'x', 'x', 'x', 'x', 'x', 'x', 'x', 'x', 'x', 'x' (and 2 more)",
+              UnknownSwitchesText(Args(12, "x")));
 }
 
 TEST(CommandLineSwitch, MatchesTheFirstEntryThatBeginsWithTheNameInAnyCase) {
