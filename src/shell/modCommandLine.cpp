@@ -32,8 +32,8 @@ bool LooksLikePassword(const std::string& entry) {
     return word.compare(0, 2, "pw") == 0 || word.compare(0, 4, "pass") == 0;
 }
 
-// "pwd secret " becomes "pwd**** ": the name (up to the first blank, ":" or
-// "=" for the look-alikes), the mask, and the trailing blanks.
+// "pwd secret " becomes "pwd **** ": the name (up to the first blank, ":" or
+// "=" for the look-alikes) and its separator, the mask, and the trailing blanks.
 std::string MaskEntry(const std::string& entry) {
     if (!LooksLikePassword(entry)) return entry;
     const size_t start = entry.find_first_not_of(' ');
@@ -44,6 +44,11 @@ std::string MaskEntry(const std::string& entry) {
         nameEnd = entry.find_first_of(" :=", start);
         if (nameEnd == std::string::npos) nameEnd = entry.size();
     }
+    // The separator stays when it is one (a blank, ":" or "="); in "pwdsecret"
+    // the character after the name belongs to the password.
+    if (nameEnd < entry.size() && (entry[nameEnd] == ' ' || entry[nameEnd] == ':' ||
+                                   entry[nameEnd] == '='))
+        ++nameEnd;
     const std::string trimmed = TrimRight(entry);
     if (trimmed.size() <= nameEnd) return entry;
     return entry.substr(0, nameEnd) + "****" + entry.substr(trimmed.size());

@@ -73,16 +73,16 @@ TEST(CommandLineLog, NeverShowsAPassword) {
         const char* password;  // the value the program takes
     };
     const Case cases[] = {
-        {"/load a.rwz /uid jsmith /pwd s3cret /apply", "/load a.rwz /uid jsmith /pwd**** /apply",
+        {"/load a.rwz /uid jsmith /pwd s3cret /apply", "/load a.rwz /uid jsmith /pwd **** /apply",
          "s3cret"},
-        {"/PWD=s3cret", "/PWD****", "s3cret"},
-        {"/pwd \"two words\" /apply", "/pwd**** /apply", "two words"},
-        {"/pwd abc/def /apply", "/pwd**** /apply", "abc/def"},
+        {"/PWD=s3cret", "/PWD=****", "s3cret"},
+        {"/pwd \"two words\" /apply", "/pwd **** /apply", "two words"},
+        {"/pwd abc/def /apply", "/pwd **** /apply", "abc/def"},
         {"/pwd", "/pwd", ""},
         {"/pwd/apply", "/pwd/apply", ""},
         {"/pwdsecret", "/pwd****", "ecret"},
-        {"/ pwd secret", "/ pwd****", ""},
-        {"/password=secret /apply", "/password**** /apply", ""},
+        {"/ pwd secret", "/ pwd ****", ""},
+        {"/password=secret /apply", "/password=**** /apply", ""},
         {"/load a.rwz", "/load a.rwz", ""},
     };
     for (const Case& c : cases) {
