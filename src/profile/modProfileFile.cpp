@@ -152,6 +152,31 @@ std::string ProfileHeaderText() {
     return HeaderLines() + kLineEnd;
 }
 
+namespace {
+
+// A profile that cannot be written, whatever the file system's reason (read
+// only, in use, no such folder), is reported to the user as "Path/File access
+// error" (75); errors of the section owners pass as they are.
+template <class Body>
+void ReportFileErrorsAs75(Body&& body) {
+    try {
+        body();
+    } catch (const RwzError& error) {
+        switch (error.Number()) {
+            case kErrFileNotFound:
+            case kErrPathNotFound:
+            case kErrPermissionDenied:
+            case kErrBadFileName:
+            case kErrDiskFull:
+                RaiseRuntimeError(kErrPathFileAccess, "Rwz");
+            default:
+                throw;
+        }
+    }
+}
+
+}  // namespace
+
 std::vector<std::string> ProfileSectionsOf(const std::string& astrFile) {
     FlushProfileCache(astrFile);
     return IniSectionNames(ReadWholeFile(astrFile, kMaxProfileBytes));
@@ -210,9 +235,11 @@ void WriteAdvancedSettings(const std::string& astrFile, const ProfileFileSetting
     Procedure proc("modProfileFile", "WriteAdvancedSettings");
     RefuseReadOnly(astrFile);
     FlushProfileCache(astrFile);
-    EditFileSafely(astrFile, [&](const std::string& copy) {
-        WriteAdvancedSection(copy, aSettings);
-        KeepHeaderLayout(copy);
+    ReportFileErrorsAs75([&] {
+        EditFileSafely(astrFile, [&](const std::string& copy) {
+            WriteAdvancedSection(copy, aSettings);
+            KeepHeaderLayout(copy);
+        });
     });
 }
 
@@ -232,16 +259,18 @@ void WriteProfileFile(const std::string& astrFile, const ProfileFileSettings& aS
     FlushProfileCache(astrFile);
     // Written whole into a copy that then takes the file's place: a failure
     // on the way leaves the old profile as it was.
-    EditFileSafely(astrFile, [&](const std::string& copy) {
-        WriteProfileHeader(copy);
-        // Each key written appends its section at the end of the file the
-        // first time, so the sections stand in the order they are written here.
-        WriteEnabledSections(copy, aSettings);
-        WriteAdvancedSection(copy, aSettings);
-        for (const ProfileSectionOwner* owner : ActiveOwners(aSettings, aOwners)) {
-            if (owner->SaveSections) owner->SaveSections(copy);
-        }
-        KeepHeaderLayout(copy);
+    ReportFileErrorsAs75([&] {
+        EditFileSafely(astrFile, [&](const std::string& copy) {
+            WriteProfileHeader(copy);
+            // Each key written appends its section at the end of the file the
+            // first time, so the sections stand in the order they are written here.
+            WriteEnabledSections(copy, aSettings);
+            WriteAdvancedSection(copy, aSettings);
+            for (const ProfileSectionOwner* owner : ActiveOwners(aSettings, aOwners)) {
+                if (owner->SaveSections) owner->SaveSections(copy);
+            }
+            KeepHeaderLayout(copy);
+        });
     });
 }
 

@@ -315,8 +315,8 @@ TEST_F(ProfileFileTest, WhatIsNotAProfileIsRefusedAndNotCreated) {
         ProfileFileSettings settings;
         settings.ApplyOpera = false;
         FakeOwners fake;
-        EXPECT_EQ(LoadProfileFile("clsRwzConfig:LoadConfigurationFile", file, settings, fake.owners),
-                  1)
+        EXPECT_EQ(
+            LoadProfileFile("clsRwzConfig:LoadConfigurationFile", file, settings, fake.owners), 1)
             << c.name;
         EXPECT_FALSE(settings.ApplyOpera) << c.name;
         EXPECT_TRUE(fake.calls.empty()) << c.name;
@@ -497,14 +497,15 @@ TEST_F(ProfileFileTest, FailedSaveTellsTheUserAndReportsFailure) {
     EXPECT_EQ(boxes[1].title, "Roamwise");
     EXPECT_EQ(boxes[1].text, "Error: Adapter list unavailable");
     EXPECT_TRUE(boxes[1].exclamation);
-    // What was written before the error stays.
-    EXPECT_EQ(ReadProfileString(broken, "Advanced", "AutoApply"), "0");
-    EXPECT_EQ(ReadProfileString(broken, "Network", "Adapter", "none"), "none");
+    // Nothing of a failed save reaches the file: here there was none before.
+    EXPECT_EQ(GetFileAttributesA(broken.c_str()), INVALID_FILE_ATTRIBUTES);
 }
 
 TEST_F(ProfileFileTest, FailedLoadStopsAtTheFailingOwnerAndStillReportsZero) {
     const std::string file = Path("load.rwz");
-    WriteRaw(file, "[Enabled Sections]\r\nOpera=0\r\n[Advanced]\r\nAutoApply=1\r\n");
+    WriteRaw(file,
+             "[Enabled Sections]\r\nOpera=0\r\n[Advanced]\r\nAutoApply=1\r\n[Network]\r\n"
+             "[Internet Explorer]\r\n");
     FakeOwners fake;
     fake.owners[4].LoadSections = [&](const std::string&) {  // Internet Explorer
         fake.calls.push_back("load IE");
