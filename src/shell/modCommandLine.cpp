@@ -46,8 +46,8 @@ std::string MaskEntry(const std::string& entry) {
     }
     // The separator stays when it is one (a blank, ":" or "="); in "pwdsecret"
     // the character after the name belongs to the password.
-    if (nameEnd < entry.size() && (entry[nameEnd] == ' ' || entry[nameEnd] == ':' ||
-                                   entry[nameEnd] == '='))
+    if (nameEnd < entry.size() &&
+        (entry[nameEnd] == ' ' || entry[nameEnd] == ':' || entry[nameEnd] == '='))
         ++nameEnd;
     const std::string trimmed = TrimRight(entry);
     if (trimmed.size() <= nameEnd) return entry;
