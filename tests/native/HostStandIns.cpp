@@ -27,8 +27,12 @@ void WriteLog(const std::string& message, int) {
 #endif
 }
 
+void LogError(const ErrorInfo& error, const std::string& where) {
+    WriteLog(error.Description + " (" + std::to_string(error.Number) + ") : " + where, kLogError);
+}
+
 void LogError(const std::string& where) {
-    WriteLog(Err::Description() + " (" + std::to_string(Err::Number()) + ") : " + where, kLogError);
+    LogError(Err::Pending(), where);
 }
 
 std::string ReadWholeFile(const std::string& astrFile, size_t alngMaxBytes) {
