@@ -487,6 +487,13 @@ std::vector<std::string> clsNetConfigBase::ApplyConfiguration() {
             if (row.Setting == S::AdvPrinterSettings || row.Apply == NetApply::Never) continue;
             if (!IsChanged(row.Setting)) continue;
             if (row.Setting == S::DefaultPrinter && !mRecord.EnableDefaultPrinter) continue;
+            // An empty name would leave the machine without one: it is never written.
+            if (IsNameSetting(row.Setting) && row.Text && Trim(mRecord.*row.Text).empty()) {
+                WriteLog(std::string(ClassName()) + " - Set" + row.Operation +
+                             ": an empty name is not written",
+                         kLogWarning);
+                continue;
+            }
             WriteRow(row);
         }
         // It checks its own flag.
@@ -494,6 +501,10 @@ std::vector<std::string> clsNetConfigBase::ApplyConfiguration() {
         ResetFlags();
     });
     return std::move(mastrReports);
+}
+
+bool clsNetConfigBase::IsNameSetting(NetSetting aSetting) {
+    return aSetting == S::ComputerName || aSetting == S::Host || aSetting == S::Workgroup;
 }
 
 std::string clsNetConfigBase::Refusal() const {

@@ -187,6 +187,8 @@ class clsNetConfigBase : public INetConfig {
     // matched no adapter, a list cut short by the profile read, an entry that
     // is not an address; "" when all is well.
     std::string Refusal() const;
+    // The computer name, host name and workgroup: never written empty.
+    static bool IsNameSetting(NetSetting aSetting);
 
     NetConfigParticulars mParticulars;
     std::vector<std::string> mastrAdapterKeys;

@@ -96,8 +96,12 @@ std::vector<ProfileSectionOwner> clsRwzConfig::SectionOwners(
 int clsRwzConfig::LoadConfigurationFile(const std::string& astrFile,
                                         const AddInCollection& acolAddIns) {
     Procedure proc(kObject, "LoadConfigurationFile");
+    const std::string previous = mstrConfFile;
     mstrConfFile = astrFile;
-    return LoadProfileFile(proc.Where(), astrFile, mSettings, SectionOwners(acolAddIns));
+    const int result =
+        LoadProfileFile(proc.Where(), astrFile, mSettings, SectionOwners(acolAddIns));
+    if (result != 0) mstrConfFile = previous;  // not a profile: nothing of it was taken
+    return result;
 }
 
 std::optional<ErrorInfo> clsRwzConfig::SaveConfigurationFile(const std::string& astrFile,

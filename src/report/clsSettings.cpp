@@ -11,6 +11,7 @@
 #include "platform/WaitCursor.h"
 #include "platform/Win32Handles.h"
 #include "platform/modLogging.h"
+#include "platform/modSafeFile.h"
 #include "platform/modUtilities.h"
 #include "profile/clsRwzConfig.h"
 #include "report/modReportLayout.h"
@@ -282,21 +283,8 @@ bool clsSettings::ExportAllSettings(const clsRwzConfig& aobjConfig, const std::s
         proc.LogValue(file);
         WaitCursor hourglass;
         const std::string report = GetAllSettings(aobjConfig);
-        KernelHandle out(CreateFileA(file.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS,
-                                     FILE_ATTRIBUTE_NORMAL, nullptr));
-        if (!out) {
-            const DWORD error = GetLastError();
-            RaiseRuntimeError(error == ERROR_PATH_NOT_FOUND  ? kErrPathNotFound
-                              : error == ERROR_ACCESS_DENIED ? kErrPermissionDenied
-                                                             : kErrPathFileAccess,
-                              kObject);
-        }
-        DWORD written = 0;
-        if (!WriteFile(out.Get(), report.data(), static_cast<DWORD>(report.size()), &written,
-                       nullptr) ||
-            written != report.size())
-            RaiseRuntimeError(kErrDiskFull, kObject);
-        if (!out.Close()) RaiseRuntimeError(kErrDiskFull, kObject);
+        // Written whole or not at all: an earlier report stays until the new one is complete.
+        WriteFileSafely(file, report);
         return true;
     });
 }

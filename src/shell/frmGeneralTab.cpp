@@ -28,37 +28,6 @@ std::string Replaced(std::string astrText, char from, char to) {
 
 }  // namespace
 
-std::vector<std::string> SplitIP(const std::string& astrText, const std::string& astrSeparator,
-                                 int aintMinCount) {
-    Procedure proc(kObject, "SplitIP");
-    return proc.Run([&] {
-        const std::string separator = astrSeparator.empty() ? "," : astrSeparator;
-        const std::string lowerSeparator = ToLower(separator);
-        std::vector<std::string> entries;
-        const std::string text = Trim(astrText) + separator;
-        const std::string lowerText = ToLower(text);
-        size_t start = 0;
-        for (size_t found; (found = lowerText.find(lowerSeparator, start)) != std::string::npos;
-             start = found + separator.size())
-            entries.push_back(Trim(text.substr(start, found - start)));
-        while (aintMinCount > 0 && static_cast<int>(entries.size()) < aintMinCount)
-            entries.emplace_back();
-        return entries;
-    });
-}
-
-std::string MergeIP(const std::vector<std::string>& astrEntries, const std::string& astrSeparator) {
-    Procedure proc(kObject, "MergeIP");
-    return proc.Run([&] {
-        const std::string separator = astrSeparator.empty() ? "," : astrSeparator;
-        size_t count = astrEntries.size();
-        while (count > 0 && astrEntries[count - 1].empty()) --count;
-        std::string merged;
-        for (size_t i = 0; i < count; ++i) merged += (i ? separator : "") + astrEntries[i];
-        return merged;
-    });
-}
-
 int16_t AddressFieldMessage(int aintControlId, const std::string& astrText) {
     switch (aintControlId) {
         case IDC_GEN_IPADDRESS:

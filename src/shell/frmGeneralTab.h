@@ -21,19 +21,10 @@
 
 #include "network/INetConfig.h"
 #include "platform/modAPI.h"
+#include "platform/modText.h"
 #include "shell/clsTabPage.h"
 
 namespace rwz {
-
-// Splits a list at `astrSeparator` ("," when empty; found without regard to
-// case) into trimmed entries, padded with empty ones to `aintMinCount`.
-std::vector<std::string> SplitIP(const std::string& astrText,
-                                 const std::string& astrSeparator = ",", int aintMinCount = 0);
-// Joins entries with `astrSeparator` ("," when empty). Empty entries at the
-// end are left out; empty entries between others are kept, so that an entry
-// being retyped keeps the positions of those after it.
-std::string MergeIP(const std::vector<std::string>& astrEntries,
-                    const std::string& astrSeparator = ",");
 
 // The validation of a field when it is left: the message number for its text,
 // or 0 when the text is valid (an empty list is valid).

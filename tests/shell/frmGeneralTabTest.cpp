@@ -31,38 +31,7 @@ using S = NetSetting;
 const std::string kTwoAddresses = std::string("192.168.101.5") + '\0' + "192.168.101.6";
 const std::string kTwoMasks = std::string("255.255.255.0") + '\0' + "255.255.0.0";
 
-// --- SplitIP, MergeIP, validation -------------------------------------------
-
-TEST(SplitIP, SplitsTrimsAndPads) {
-    struct Case {
-        std::string text, separator;
-        int minCount;
-        std::vector<std::string> expected;
-    } cases[] = {
-        {"1.1.1.1,2.2.2.2", "", 0, {"1.1.1.1", "2.2.2.2"}},
-        {"  1.1.1.1 ,  2.2.2.2  ", ",", 0, {"1.1.1.1", "2.2.2.2"}},
-        {"1.1.1.1", ",", 3, {"1.1.1.1", "", ""}},
-        {"", ",", 0, {""}},
-        {"", ",", 2, {"", ""}},
-        {"a,,b", ",", 0, {"a", "", "b"}},
-        {"aXbxc", "x", 0, {"a", "b", "c"}},  // the separator is found without case
-        {"a; b", "; ", 0, {"a", "b"}},
-    };
-    for (const Case& c : cases)
-        EXPECT_EQ(c.expected, SplitIP(c.text, c.separator, c.minCount)) << c.text;
-}
-
-TEST(MergeIP, JoinsAndDropsTrailingEmptyEntries) {
-    EXPECT_EQ("1.1.1.1,2.2.2.2", MergeIP({"1.1.1.1", "2.2.2.2"}));
-    EXPECT_EQ("1.1.1.1;2.2.2.2", MergeIP({"1.1.1.1", "2.2.2.2"}, ";"));
-    EXPECT_EQ("1.1.1.1", MergeIP({"1.1.1.1", "", ""}));
-    // An entry being retyped keeps the place of those after it.
-    EXPECT_EQ(",2.2.2.2", MergeIP({"", "2.2.2.2"}));
-    EXPECT_EQ("", MergeIP({}));
-    EXPECT_EQ("", MergeIP({"", ""}));
-    for (const std::string& list : {"10.0.0.1", "10.0.0.1,10.0.0.2,10.0.0.3"})
-        EXPECT_EQ(list, MergeIP(SplitIP(list)));
-}
+// --- validation -------------------------------------------
 
 TEST(AddressFieldMessage, NamesTheMessageOfEachField) {
     struct Case {
