@@ -1,31 +1,21 @@
 #!/usr/bin/env bash
 # run-tests.sh suite|cases EXE [GTEST-ARGS...]
-#
-# Runs a GoogleTest program (a Windows exe) under Wine in a fresh prefix,
-# cloned with hard links from the base prefix (make-base-prefix.sh).
-#   suite  the whole program in one clone; its exit code is passed through.
-#   cases  every test case in a clone of its own (end-to-end programs), two at a
-#          time; prints one line per case and a summary; fails if any case failed.
-#
-# Environment (all optional):
-#   RWZ_BASE_PREFIX    the base prefix (default: $RWZ_BUILD_DIR/wine/base)
-#   RWZ_SOURCE_DIR     the source tree (default: two folders above this script)
-#   RWZ_BUILD_DIR      the 64-bit build tree (default: the folder above EXE's)
-#   RWZ_CASE_JOBS      cases run at the same time (default 2)
-#   RWZ_CASE_TIMEOUT   seconds a case may take (default 120)
-#   RWZ_SUITE_TIMEOUT  seconds a suite may take (default 280)
-#   RWZ_KEEP_PREFIX=1  keep the clones (their paths are printed) for a look inside
+# Runs a GoogleTest program (a Windows exe) under Wine in fresh prefixes cloned
+# with hard links from the base prefix (make-base-prefix.sh): "suite" runs the
+# whole program in one clone and passes its exit code through; "cases" runs
+# every case in a clone of its own, RWZ_CASE_JOBS (2) at a time, and fails if any
+# case failed. Environment (optional): RWZ_BASE_PREFIX, RWZ_SOURCE_DIR,
+# RWZ_BUILD_DIR (default: the folder above EXE's), RWZ_CASE_TIMEOUT (120 s),
+# RWZ_SUITE_TIMEOUT (280 s), RWZ_KEEP_PREFIX=1 (keep the clones for a look inside).
 set -uo pipefail
 
-usage() {
+mode=${1:-}
+exe=${2:-}
+[[ $mode == suite || $mode == cases ]] || {
     echo "usage: run-tests.sh suite|cases EXE [GTEST-ARGS...]" >&2
     exit 2
 }
-[ $# -ge 2 ] || usage
-mode=$1
-exe=$2
 shift 2
-case $mode in suite | cases) ;; *) usage ;; esac
 [ -f "$exe" ] || {
     echo "run-tests: no test program $exe" >&2
     exit 1
