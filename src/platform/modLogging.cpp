@@ -97,22 +97,8 @@ std::string FormatLogLine(unsigned long threadId, const SYSTEMTIME& now,
 }
 
 void WriteLogHeader(LogStart start) {
-    const DWORD disposition = start == LogStart::Replace ? CREATE_ALWAYS : OPEN_ALWAYS;
-    std::string path = ProgramFolder() + "\\" + kLogName;
-    KernelHandle file(OpenLog(path, disposition));
-    bool moved = false;
-    if (!file) {
-        // A read-only program folder (or a read-only log in it): the user's
-        // temporary folder always takes a file.
-        const std::string folder = TempFolder();
-        if (!folder.empty()) {
-            path = folder + "\\" + kLogName;
-            file.Reset(OpenLog(path, disposition));
-            moved = true;
-        }
-    }
-    if (!file) RaiseRuntimeError(kErrPermissionDenied, "Rwz");
-
+    // The block first: what its lookups log goes before it, and a new log
+    // starts after them.
     SYSTEMTIME now;
     GetLocalTime(&now);
     char stamp[32];
@@ -126,7 +112,21 @@ void WriteLogHeader(LogStart start) {
     block += " OS:\t" + GetCurrentOSTag() + eol;
     block += " IE:\t" + GetIEVersion() + eol;
     block += " NN:\t" + GetNetscapeVersion() + eol;
-    if (moved) block += "Log:\t" + path + " (the program's folder cannot be written)" + eol;
+
+    const DWORD disposition = start == LogStart::Replace ? CREATE_ALWAYS : OPEN_ALWAYS;
+    std::string path = ProgramFolder() + "\\" + kLogName;
+    KernelHandle file(OpenLog(path, disposition));
+    if (!file) {
+        // A read-only program folder (or a read-only log in it): the user's
+        // temporary folder always takes a file.
+        const std::string folder = TempFolder();
+        if (!folder.empty()) {
+            path = folder + "\\" + kLogName;
+            file.Reset(OpenLog(path, disposition));
+            if (file) block += "Log:\t" + path + " (the program's folder cannot be written)" + eol;
+        }
+    }
+    if (!file) RaiseRuntimeError(kErrPermissionDenied, "Rwz");
     block += std::string(kRule) + eol;
 
     if (!AppendToLog(file.Get(), block)) RaiseRuntimeError(kErrDiskFull, "Rwz");
@@ -142,7 +142,11 @@ void WriteLog(const std::string& message, int level) {
     // Before the header (and in programs that write none) the log is opened
     // where it stands; a line that cannot be written is lost, as logging never
     // disturbs the caller.
-    if (!LogFile()) LogFile().Reset(OpenLog(LogFilePath(), OPEN_ALWAYS));
+    for (int attempt = 0; attempt < 100 && !LogFile(); ++attempt) {
+        LogFile().Reset(OpenLog(LogFilePath(), OPEN_ALWAYS));
+        if (!LogFile() && GetLastError() != ERROR_SHARING_VIOLATION) break;
+        if (!LogFile()) Sleep(1);  // a reader without write sharing: its turn ends soon
+    }
     if (LogFile()) AppendToLog(LogFile().Get(), line);
 }
 
