@@ -197,6 +197,41 @@ TEST(ExportSwitch, ABlankFileNameIsRefusedWithAMessage) {
     EXPECT_NE(std::string::npos, run.log.find("clsSettings - ExportAllSettings")) << run.log;
 }
 
+// An export that cannot be written says so, as a failed save does; a file
+// marked read-only is left as it was.
+struct FailedExport {
+    const char* target;
+    const char* message;  // part of the box's text
+};
+
+class ExportFailure : public testing::TestWithParam<FailedExport> {};
+
+TEST_P(ExportFailure, ShowsAMessage) {
+    LoadLaptop();
+    const std::string readOnly = "C:\\Reports\\ro.txt";
+    bench::WriteFile(readOnly, "kept\r\n");
+    SetFileAttributesA(readOnly.c_str(), FILE_ATTRIBUTE_READONLY);
+    bench::RunResult run = RunIn(kReports, std::string("/hidden /export ") + GetParam().target,
+                                 {bench::Answer("OK").Title("Roamwise")});
+    SetFileAttributesA(readOnly.c_str(), FILE_ATTRIBUTE_NORMAL);
+    EXPECT_EQ(0u, run.exitCode) << run.Describe();
+    ASSERT_EQ(1u, run.dialogs.size()) << run.Describe();
+    EXPECT_NE(std::string::npos, run.dialogs[0].text.find(GetParam().message)) << run.Describe();
+    EXPECT_EQ("kept\r\n", bench::ReadFileText(readOnly));
+    EXPECT_NE(std::string::npos, run.log.find("ERROR - ")) << run.log;
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Targets, ExportFailure,
+    testing::Values(FailedExport{"C:\\NoSuchFolder\\r.txt", "Error: Path not found"},
+                    FailedExport{"C:\\Profiles", "Error accessing file 'C:\\Profiles'."},
+                    FailedExport{"ro.txt", "Error accessing file 'ro.txt'."}),
+    [](const testing::TestParamInfo<FailedExport>& info) {
+        return std::string(info.index == 0   ? "missing_folder"
+                           : info.index == 1 ? "folder"
+                                             : "read_only");
+    });
+
 // Each example profile reads as its comments say: the lines its report
 // must hold on the XP laptop.
 struct ExampleCase {
