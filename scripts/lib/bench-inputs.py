@@ -50,8 +50,9 @@ def registry(profiles, megabytes, folder, out):
     plist = add(common, "Profiles", 1)
     add(plist, "Version", 0x11, b"1.0\0")
     add(plist, "CurrentProfile", 0x11, b"bench\0")
-    filler = b"x" * 200 + b"\0"
-    per_profile = max(0, (megabytes * 1024 * 1024) // max(1, profiles) // 260 - 2)
+    # A few entries per profile, as Mozilla writes them, made long to reach the size.
+    filler = b"x" * 1200 + b"\0"
+    per_profile = max(0, round(megabytes * 1024 * 1024 / max(1, profiles) / 1260))
     for i in range(profiles):
         name = "bench" if i == profiles - 1 else "profile%04d" % i
         key = add(plist, name, 1)

@@ -36,7 +36,7 @@ class ZvMozillaLib {
     // limits leave room for twice that and still keep a hostile file bounded.
     static constexpr uint32_t kMaxFileSize = 32u << 20;
     static constexpr int kMaxDepth = 64;
-    static constexpr size_t kMaxNodes = 200000;
+    static constexpr size_t kMaxNodes = 50000;
     static constexpr size_t kMaxTextBytes = 32u << 20;
     // Runtime error raised by the reading primitives outside the file.
     static constexpr int32_t kErrInputPastEnd = 62;
