@@ -187,21 +187,6 @@ void clsNetConfigBase::LogLine(const std::string& astrText) const {
 
 // --- Lists -------------------------------------------------------------------
 
-std::vector<std::string> clsNetConfigBase::ListEntries(const std::string& astrList) {
-    std::vector<std::string> entries;
-    std::string entry;
-    for (size_t i = 0; i <= astrList.size(); ++i) {
-        const char c = i < astrList.size() ? astrList[i] : '\0';
-        if (c != '\0' && c != ',') {
-            entry += c;
-            continue;
-        }
-        entry = Trim(entry);
-        if (!entry.empty()) entries.push_back(entry);
-        entry.clear();
-    }
-    return entries;
-}
 
 std::vector<uint8_t> clsNetConfigBase::MultiStringBytes(
     const std::vector<std::string>& astrEntries) {
