@@ -126,7 +126,10 @@ bool clsRwzConfig::ApplyConfiguration(const AddInCollection& acolAddIns) {
     Procedure proc(kObject, "ApplyConfiguration");
     return proc.Run([&] {
         bool restart = false;
-        if (ApplyGeneral() && mobjNet) mobjNet->ApplyConfiguration();
+        // The network back end tells what failed; the user sees it before the browsers.
+        if (ApplyGeneral() && mobjNet)
+            for (const std::string& failure : mobjNet->ApplyConfiguration())
+                ShowMessage(failure, MB_OK | MB_ICONEXCLAMATION);
 
         const BrowserArea browsers[] = {
             {mobjIE.get(), ApplyIE(), "IEFrame", "Internet Explorer"},

@@ -138,35 +138,35 @@ std::string clsSettings::GetNetSettings(const INetConfig* aobjNet) {
     Procedure proc(kObject, "GetNetSettings");
     return proc.Run([&] {
         if (!aobjNet) return std::string();
-        const INetConfig& net = *aobjNet;
+        const NetRecord& net = aobjNet->Record();
         Lines lines;
         lines.Banner(kNetworkTitle);
 
-        const std::vector<std::string> adapters = net.AdapterList();
-        const int adapter = net.CurrentAdapter();
+        const std::vector<std::string>& adapters = net.AdapterList;
+        const int adapter = net.CurrentAdapter;
         lines.Add("NIC", adapter >= 0 && adapter < static_cast<int>(adapters.size())
                              ? adapters[static_cast<size_t>(adapter)]
                              : std::string(kNoAdapters));
-        lines.Add("Host", net.Host());
-        lines.Add("Domain", net.DomainName());
-        lines.Add("IP Address", ReportList(net.IPAddress()));
-        lines.Add("IP Mask", ReportList(net.IPMask()));
-        lines.Add("Default Gateway", ReportList(net.DefaultGateway()));
-        lines.Add("DNS Servers", ReportList(net.DNSServers()));
-        lines.Add("DNS Order", ReportList(net.SearchList()));
-        lines.Add("WINS Server 1", net.WINSServer1());
-        lines.Add("WINS Server 2", net.WINSServer2());
-        lines.Add("WINS Scope ID", net.ScopeID());
-        lines.Add("Logon to NT Domain", net.NTLogonEnabled());
-        lines.Add("NT Domain", net.NTDomain());
-        lines.Add("DNS Enabled", net.DNSEnabled());
-        lines.Add("WINS Enabled", net.WINSEnabled());
-        lines.Add("DHCP Enabled", net.DHCPEnabled());
-        lines.Add("Computer Name", net.ComputerName());
-        lines.Add("Computer Description", MultiLineValue(net.ComputerDescription()));
-        lines.Add("Workgroup", net.Workgroup());
+        lines.Add("Host", net.Host);
+        lines.Add("Domain", net.DomainName);
+        lines.Add("IP Address", ReportList(net.IPAddress));
+        lines.Add("IP Mask", ReportList(net.IPMask));
+        lines.Add("Default Gateway", ReportList(net.DefaultGateway));
+        lines.Add("DNS Servers", ReportList(net.DNSServers));
+        lines.Add("DNS Order", ReportList(net.SearchList));
+        lines.Add("WINS Server 1", net.WINSServer1);
+        lines.Add("WINS Server 2", net.WINSServer2);
+        lines.Add("WINS Scope ID", net.ScopeID);
+        lines.Add("Logon to NT Domain", net.NTLogonEnabled);
+        lines.Add("NT Domain", net.NTDomain);
+        lines.Add("DNS Enabled", net.DNSEnabled);
+        lines.Add("WINS Enabled", net.WINSEnabled);
+        lines.Add("DHCP Enabled", net.DHCPEnabled);
+        lines.Add("Computer Name", net.ComputerName);
+        lines.Add("Computer Description", MultiLineValue(net.ComputerDescription));
+        lines.Add("Workgroup", net.Workgroup);
         lines.Add("Default Printer",
-                  net.printerList().empty() ? std::string(kNoPrinters) : net.DefaultPrinter());
+                  net.printerList.empty() ? std::string(kNoPrinters) : net.DefaultPrinter);
         return lines.Text();
     });
 }

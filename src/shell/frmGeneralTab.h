@@ -20,6 +20,7 @@
 #include <vector>
 
 #include "network/INetConfig.h"
+#include "platform/modAPI.h"
 #include "shell/clsTabPage.h"
 
 namespace rwz {
@@ -47,9 +48,9 @@ class frmGeneralTab : public clsTabPage {
     // without a profile object, for tests). Returns the ids of the fields
     // whose shown value changed.
     std::vector<int> RefillFrom(INetConfig* aobjNet, bool ablnAssign);
-    // The system tag that decides the DHCP, WINS and adapter-type rules;
-    // the running system's by default.
-    void SetOSTag(const std::string& astrOS) { mstrOS = astrOS; }
+    // The system that decides the DHCP, WINS and adapter-type rules; the
+    // running system by default.
+    void SetOSFamily(OSFamily aFamily) { mOS = aFamily; }
 
     // The entry of the address and mask lists that the fields edit.
     int IPAddressIndex() const { return mintIPIndex; }
@@ -61,10 +62,8 @@ class frmGeneralTab : public clsTabPage {
     void UpdateEnabling() override;
 
   private:
-    void BindText(int aintControlId, std::string (INetConfig::*get)() const,
-                  void (INetConfig::*set)(const std::string&));
-    void BindCheck(int aintControlId, bool (INetConfig::*get)() const,
-                   void (INetConfig::*set)(bool));
+    void BindText(int aintControlId, NetText aField);
+    void BindCheck(int aintControlId, NetFlag aField);
     // The address and mask lists in the page's comma form.
     std::string AddressList() const;
     std::string MaskList() const;
@@ -85,10 +84,11 @@ class frmGeneralTab : public clsTabPage {
     void ValidateField(int aintControlId);
     bool IsChecked(int aintControlId) const;
     void Enable(int aintControlId, bool ablnEnabled) const;
-    bool Is2KFamily() const;
+    // On 9x and NT 4 the DHCP server gives the WINS servers.
+    bool DHCPGivesWINS() const;
 
     INetConfig* mobjNet = nullptr;
-    std::string mstrOS;
+    OSFamily mOS;
     int mintIPIndex = 0;
     // The lists as last shown (comma form): a refill that changes any entry,
     // not only the one in the fields, assigns the list.

@@ -439,8 +439,8 @@ void frmMain::ProcessCommandLineSwitches(const std::vector<std::string>& avarArg
             ShowHelpContents();
         }
         if (found("load")) OpenConfigurationFile(Trim(value));
-        if (found("uid") && net) net->SetNTDomainUserName(value);
-        if (found("pwd") && net) net->SetNTDomainPassword(value);
+        if (found("uid") && net) net->Assign(&NetRecord::NTDomainUserName, value);
+        if (found("pwd") && net) net->Assign(&NetRecord::NTDomainPassword, value);
         if (found("save")) SaveConfigurationFile(value);
         if (found("export") && mobjConfig) clsSettings().ExportAllSettings(*mobjConfig, value);
         if (found("apply")) ApplyConfiguration();
@@ -504,7 +504,7 @@ void frmMain::SetPanelVisible(int aintPanel, bool ablnVisible) {
 
 void frmMain::UpdateRestartIndicator() {
     INetConfig* net = mobjConfig ? mobjConfig->GetNetConfig() : nullptr;
-    if (net && net->ResetRequired()) {
+    if (net && net->Record().ResetRequired) {
         SetPanelText(4, "Restart Required");
         SetPanelVisible(4, true);
     }

@@ -177,8 +177,8 @@ void frmMain::ApplyCurrentConfiguration() {
             return;
         // A profile that keeps no account asks for one now; Cancel stops the apply.
         if (INetConfig* net = mobjConfig->GetNetConfig()) {
-            if ((IsPromptPlaceholder(net->NTDomainUserName()) ||
-                 IsPromptPlaceholder(net->NTDomainPassword())) &&
+            if ((IsPromptPlaceholder(net->Record().NTDomainUserName) ||
+                 IsPromptPlaceholder(net->Record().NTDomainPassword)) &&
                 PromptForCredentials(*net, mhWnd))
                 return;
         }
@@ -197,8 +197,8 @@ bool frmMain::ApplyConfiguration() {
         if (!mobjConfig) return false;
         SaveProgramSetting(kProductName, kOptions, "LastFileApplied", mobjConfig->ConfFile());
         if (INetConfig* net = mobjConfig->GetNetConfig()) {
-            const auto adapters = net->AdapterList();
-            const int current = net->CurrentAdapter();
+            const auto& adapters = net->Record().AdapterList;
+            const int current = net->Record().CurrentAdapter;
             if (current >= 0 && current < static_cast<int>(adapters.size()))
                 SaveProgramSetting(kProductName, kOptions, "LastNICApplied", adapters[current]);
         }

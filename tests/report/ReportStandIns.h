@@ -1,5 +1,6 @@
 // Back ends whose records the report tests fill by hand: the shared network
-// and browser bases with every machine operation doing nothing.
+// base with no settings of its own, and the browser base with every machine
+// operation doing nothing.
 #pragma once
 
 #include <string>
@@ -22,75 +23,28 @@ class StandInNet : public clsNetConfigBase {
     StandInNet() : clsNetConfigBase(StandInParticulars()) {}
 
     // The record, open to the tests.
-    using clsNetConfigBase::mastrAdapterList;
-    using clsNetConfigBase::mastrPrinterList;
-    using clsNetConfigBase::mblnDHCPEnabled;
-    using clsNetConfigBase::mblnDNSEnabled;
-    using clsNetConfigBase::mblnNTLogonEnabled;
-    using clsNetConfigBase::mblnWINSEnabled;
-    using clsNetConfigBase::mintCurrentAdapter;
-    using clsNetConfigBase::mstrComputerDescription;
-    using clsNetConfigBase::mstrComputerName;
-    using clsNetConfigBase::mstrDefaultGateway;
-    using clsNetConfigBase::mstrDefaultPrinter;
-    using clsNetConfigBase::mstrDNSServers;
-    using clsNetConfigBase::mstrDomainName;
-    using clsNetConfigBase::mstrHost;
-    using clsNetConfigBase::mstrIPAddress;
-    using clsNetConfigBase::mstrIPMask;
-    using clsNetConfigBase::mstrNTDomain;
-    using clsNetConfigBase::mstrScopeID;
-    using clsNetConfigBase::mstrSearchList;
-    using clsNetConfigBase::mstrWINSServer1;
-    using clsNetConfigBase::mstrWINSServer2;
-    using clsNetConfigBase::mstrWorkgroup;
-
-#define RWZ_NOTHING(name) \
-    void name() override {}
-    RWZ_NOTHING(GetComputerName)
-    RWZ_NOTHING(GetComputerDescription)
-    RWZ_NOTHING(GetWorkgroup)
-    RWZ_NOTHING(GetDomain)
-    RWZ_NOTHING(GetHost)
-    RWZ_NOTHING(GetIPAddress)
-    RWZ_NOTHING(GetIPMask)
-    RWZ_NOTHING(GetLMHostFile)
-    RWZ_NOTHING(GetDNSServers)
-    RWZ_NOTHING(GetWINSEnabled)
-    RWZ_NOTHING(GetWINSServer1)
-    RWZ_NOTHING(GetWINSServer2)
-    RWZ_NOTHING(GetScopeID)
-    RWZ_NOTHING(GetSearchList)
-    RWZ_NOTHING(GetDNSEnabled)
-    RWZ_NOTHING(GetDHCPEnabled)
-    RWZ_NOTHING(GetNTLogon)
-    RWZ_NOTHING(GetNTDomain)
-    RWZ_NOTHING(GetDefaultPrinter)
-    RWZ_NOTHING(GetPrinterList)
-    RWZ_NOTHING(GetDefaultGateway)
-    RWZ_NOTHING(GetAdvPrinterSettings)
-    RWZ_NOTHING(SetComputerName)
-    RWZ_NOTHING(SetComputerDescription)
-    RWZ_NOTHING(SetWorkgroup)
-    RWZ_NOTHING(SetDomain)
-    RWZ_NOTHING(SetHost)
-    RWZ_NOTHING(SetIPAddress)
-    RWZ_NOTHING(SetIPMask)
-    RWZ_NOTHING(SetLMHostFile)
-    RWZ_NOTHING(SetDNSServers)
-    RWZ_NOTHING(SetWINSEnabled)
-    RWZ_NOTHING(SetWINSServer1)
-    RWZ_NOTHING(SetWINSServer2)
-    RWZ_NOTHING(SetScopeID)
-    RWZ_NOTHING(SetSearchList)
-    RWZ_NOTHING(SetDNSEnabled)
-    RWZ_NOTHING(SetDHCPEnabled)
-    RWZ_NOTHING(SetNTLogon)
-    RWZ_NOTHING(SetNTDomain)
-    RWZ_NOTHING(SetDefaultPrinter)
-    RWZ_NOTHING(SetDefaultGateway)
-    RWZ_NOTHING(SetAdvPrinterSettings)
-#undef RWZ_NOTHING
+    std::vector<std::string>& mastrAdapterList = mRecord.AdapterList;
+    std::vector<std::string>& mastrPrinterList = mRecord.printerList;
+    bool& mblnDHCPEnabled = mRecord.DHCPEnabled;
+    bool& mblnDNSEnabled = mRecord.DNSEnabled;
+    bool& mblnNTLogonEnabled = mRecord.NTLogonEnabled;
+    bool& mblnWINSEnabled = mRecord.WINSEnabled;
+    int16_t& mintCurrentAdapter = mRecord.CurrentAdapter;
+    std::string& mstrComputerDescription = mRecord.ComputerDescription;
+    std::string& mstrComputerName = mRecord.ComputerName;
+    std::string& mstrDefaultGateway = mRecord.DefaultGateway;
+    std::string& mstrDefaultPrinter = mRecord.DefaultPrinter;
+    std::string& mstrDNSServers = mRecord.DNSServers;
+    std::string& mstrDomainName = mRecord.DomainName;
+    std::string& mstrHost = mRecord.Host;
+    std::string& mstrIPAddress = mRecord.IPAddress;
+    std::string& mstrIPMask = mRecord.IPMask;
+    std::string& mstrNTDomain = mRecord.NTDomain;
+    std::string& mstrScopeID = mRecord.ScopeID;
+    std::string& mstrSearchList = mRecord.SearchList;
+    std::string& mstrWINSServer1 = mRecord.WINSServer1;
+    std::string& mstrWINSServer2 = mRecord.WINSServer2;
+    std::string& mstrWorkgroup = mRecord.Workgroup;
 
   protected:
     void EnumerateAdapters(std::vector<std::string>&, std::vector<std::string>&) override {}
