@@ -5,7 +5,9 @@
 #include <algorithm>
 #include <utility>
 
+#include "localization/modLocalization.h"
 #include "network/modAdapterChoice.h"
+#include "network/modAddressCheck.h"
 #include "network/modScramble.h"
 #include "platform/Procedure.h"
 #include "platform/modLogging.h"
@@ -117,6 +119,41 @@ const ProfileKey kProfileKeys[] = {
     {kPrinterSection, "EnableDefaultPrinter", KeyKind::FlagOrEmpty, nullptr,
      &R::EnableDefaultPrinter, KeyScope::All},
 };
+
+// The lists whose every entry must be an address (or a mask) before anything
+// of the area is applied.
+const NetText kAddressLists[] = {&R::IPAddress,  &R::IPMask,      &R::DefaultGateway,
+                                 &R::DNSServers, &R::WINSServer1, &R::WINSServer2};
+
+enum : int16_t {
+    kMsgNotAnAddress = 80,
+    kMsgValueCut = 81,
+    kMsgNoAdapterMatches = 82,
+};
+
+bool IsAddressList(NetText aField) {
+    for (NetText field : kAddressLists)
+        if (field == aField) return true;
+    return false;
+}
+
+// The profile key that carries a field ("IPAddress", "NameServer", ...).
+const char* KeyOf(NetText aField) {
+    for (const ProfileKey& key : kProfileKeys)
+        if (key.Text == aField) return key.Key;
+    return "";
+}
+
+// Whether a value is longer than what a profile read returns.
+bool IsCut(const std::string& astrFile, const char* astrSection, const char* astrKey,
+           const std::string& astrValue) {
+    if (astrValue.size() + 1 < kProfileValueBuffer) return false;
+    std::vector<char> buffer(64 * 1024);
+    const DWORD length =
+        GetPrivateProfileStringA(astrSection, astrKey, "", buffer.data(),
+                                 static_cast<DWORD>(buffer.size()), astrFile.c_str());
+    return length > astrValue.size();
+}
 
 std::string Replaced(std::string astrText, char from, char to) {
     std::replace(astrText.begin(), astrText.end(), from, to);
@@ -347,6 +384,10 @@ void clsNetConfigBase::Assign(NetText aField, const std::string& astrValue) {
     }
     const NetSettingRow* row = RowOf(aField);
     if (!row) return;
+    // A list the profile read cut short stays refused until it is replaced.
+    if (mRecord.*aField != astrValue)
+        mCutFields.erase(std::remove(mCutFields.begin(), mCutFields.end(), aField),
+                         mCutFields.end());
     mRecord.*aField = astrValue;
     MarkChanged(row->Setting);
     OnAssigned(row->Setting);
@@ -388,6 +429,7 @@ void clsNetConfigBase::SetCurrentAdapter(int16_t aintIndex) {
             return;
         }
         mRecord.CurrentAdapter = aintIndex;
+        mstrUnmatchedAdapter.clear();
         for (S setting : kAdapterSettings) Capture(setting);
     });
 }
@@ -437,6 +479,13 @@ std::vector<std::string> clsNetConfigBase::ApplyConfiguration() {
     Procedure proc(ClassName(), "ApplyConfiguration");
     mastrReports.clear();
     proc.Run([&] {
+        // Nothing of the area is applied when any of it cannot be.
+        const std::string refusal = Refusal();
+        if (!refusal.empty()) {
+            proc.Log("not applied: " + Replaced(refusal, '\n', ' '));
+            Report(refusal);
+            return;
+        }
         for (const NetSettingRow& row : mParticulars.Rows) {
             if (row.Setting == S::AdvPrinterSettings || row.Apply == NetApply::Never) continue;
             if (!IsChanged(row.Setting)) continue;
@@ -448,6 +497,22 @@ std::vector<std::string> clsNetConfigBase::ApplyConfiguration() {
         ResetFlags();
     });
     return std::move(mastrReports);
+}
+
+std::string clsNetConfigBase::Refusal() const {
+    if (!mstrUnmatchedAdapter.empty())
+        return MessageText(kMsgNoAdapterMatches, {mstrUnmatchedAdapter});
+    for (NetText field : kAddressLists) {
+        const NetSettingRow* row = RowOf(field);
+        if (!row || !IsChanged(row->Setting)) continue;
+        if (std::find(mCutFields.begin(), mCutFields.end(), field) != mCutFields.end())
+            return MessageText(kMsgValueCut, {KeyOf(field)});
+        std::string bad;
+        if (const int16_t message = AddressListMessage(field, mRecord.*field, &bad))
+            return JoinMessages(
+                {MessageText(kMsgNotAnAddress, {KeyOf(field), bad}), MessageText(message)});
+    }
+    return std::string();
 }
 
 // --- Printers ----------------------------------------------------------------------
@@ -521,6 +586,17 @@ void clsNetConfigBase::ReadAdapter(const std::string& astrFile) {
     if (Trim(value) == kIgnoreValue) return;
     // Stored without re-reading the adapter: the profile's values follow.
     mRecord.CurrentAdapter = ChooseAdapter(value, mRecord.AdapterList);
+    // A pattern that matches no adapter must not configure the first one.
+    if (value.size() >= 2 && value.front() == '{' && value.back() == '}') {
+        const std::string pattern = value.substr(1, value.size() - 2);
+        bool matched = false;
+        for (const std::string& name : mRecord.AdapterList)
+            matched = matched || MatchesPattern(name, pattern);
+        if (!matched) {
+            mstrUnmatchedAdapter = value;
+            LogLine("LoadConfigurationFile: no adapter matches " + value);
+        }
+    }
 }
 
 // Values go straight into the record, so nothing is flagged here; the keys
@@ -529,13 +605,17 @@ void clsNetConfigBase::LoadConfigurationFile(const std::string& astrFile) {
     Procedure proc(ClassName(), "LoadConfigurationFile");
     proc.LogValue(astrFile);
     proc.Run([&] {
+        mstrUnmatchedAdapter.clear();
+        mCutFields.clear();
         ReadAdapter(astrFile);
         for (const ProfileKey& key : kProfileKeys) {
             if (key.Scope == KeyScope::DomainAccount && !mParticulars.DomainAccount) continue;
             if (key.Scope == KeyScope::LogonOptions && !Row(S::DisablePWDCache)) continue;
-            const std::string value =
-                EvaluateProfileValue(ReadProfileString(astrFile, key.Section, key.Key, ""));
+            const std::string raw = ReadProfileString(astrFile, key.Section, key.Key, "");
+            const std::string value = EvaluateProfileValue(raw);
             if (Trim(value) == kIgnoreValue) continue;
+            if (key.Text && IsAddressList(key.Text) && IsCut(astrFile, key.Section, key.Key, raw))
+                mCutFields.push_back(key.Text);
             switch (key.Kind) {
                 case KeyKind::Text:
                     mRecord.*key.Text = value;

@@ -187,11 +187,19 @@ class clsNetConfigBase : public INetConfig {
     void Capture(NetSetting aSetting);
     bool IsAdapterIndex(int aintIndex) const;
     void ReadAdapter(const std::string& astrFile);
+    // Why nothing of the area may be applied: a profile's adapter pattern that
+    // matched no adapter, a list cut short by the profile read, an entry that
+    // is not an address; "" when all is well.
+    std::string Refusal() const;
 
     NetConfigParticulars mParticulars;
     std::vector<std::string> mastrAdapterKeys;
     std::bitset<static_cast<size_t>(NetSetting::Count)> mChanged;
     std::vector<std::string> mastrReports;
+    // The profile's "Adapter" pattern when it matched no adapter.
+    std::string mstrUnmatchedAdapter;
+    // The lists the profile read cut short.
+    std::vector<NetText> mCutFields;
 };
 
 }  // namespace rwz

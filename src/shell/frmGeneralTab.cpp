@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "localization/modLocalization.h"
+#include "network/modAddressCheck.h"
 #include "platform/Procedure.h"
 #include "platform/modAPI.h"
 #include "platform/modUtilities.h"
@@ -20,22 +21,9 @@ const char kNoPrinters[] = "No printers installed";
 // The index box offers this many entries at most.
 const int kMaxAddresses = 16;
 
-enum : int16_t {
-    kMsgInvalidIP = 20,
-    kMsgInvalidMask = 21,
-    kMsgInvalidGateway = 22,
-    kMsgInvalidDNS = 23,
-};
-
 std::string Replaced(std::string astrText, char from, char to) {
     std::replace(astrText.begin(), astrText.end(), from, to);
     return astrText;
-}
-
-bool IsValidIPList(const std::string& astrText) {
-    for (const std::string& part : Split(astrText, ","))
-        if (!IsValidIP(part)) return false;
-    return true;
 }
 
 }  // namespace
@@ -74,13 +62,13 @@ std::string MergeIP(const std::vector<std::string>& astrEntries, const std::stri
 int16_t AddressFieldMessage(int aintControlId, const std::string& astrText) {
     switch (aintControlId) {
         case IDC_GEN_IPADDRESS:
-            return IsValidIP(astrText) ? 0 : kMsgInvalidIP;
+            return AddressListMessage(&NetRecord::IPAddress, astrText);
         case IDC_GEN_IPMASK:
-            return IsValidIP(astrText) ? 0 : kMsgInvalidMask;
+            return AddressListMessage(&NetRecord::IPMask, astrText);
         case IDC_GEN_GATEWAY:
-            return IsValidIPList(astrText) ? 0 : kMsgInvalidGateway;
+            return AddressListMessage(&NetRecord::DefaultGateway, astrText);
         case IDC_GEN_DNSSERVERS:
-            return IsValidIPList(astrText) ? 0 : kMsgInvalidDNS;
+            return AddressListMessage(&NetRecord::DNSServers, astrText);
         default:
             return 0;
     }

@@ -1,9 +1,11 @@
 // The Windows 2000/XP/2003 network back end against the simulated machines:
-// what it captures, what an apply writes (and what it leaves alone), the
-// address push, joining a domain or a workgroup with the boxes for refusals,
-// and damaged registries.
+// what it captures, the profile keys it writes and reads, the flags an
+// assignment sets, what an apply writes (and what it leaves alone) and in
+// which order, the address push, and joining a domain or a workgroup with the
+// texts of refusals.
 #include <gtest/gtest.h>
 
+#include <cstring>
 #include <memory>
 #include <optional>
 #include <set>
@@ -168,29 +170,6 @@ INSTANTIATE_TEST_SUITE_P(
                  {},
                  "",
                  ""},
-        Captured{"win2003-server",
-                 {"Server LAN"},
-                 0,
-                 {"10.1.0.20"},
-                 {"255.255.0.0"},
-                 "10.1.0.1",
-                 "10.1.0.5,10.1.0.6",
-                 true,
-                 false,
-                 "10.1.0.5",
-                 "",
-                 "NWFS01",
-                 "Northwind file and print server",
-                 "",
-                 true,
-                 "NORTHWIND",
-                 "northwind.lan",
-                 "nwfs01",
-                 "",
-                 "",
-                 {"Accounts LaserJet"},
-                 "Accounts LaserJet",
-                 "IP_10.1.0.40"},
         Captured{"xp-no-network", {},    -1, {}, {},      "", "", false, false, "", "", "KIOSK", "",
                  "WORKGROUP",     false, "", "", "kiosk", "", "", {},    "",    ""}),
     [](const ::testing::TestParamInfo<Captured>& info) {
@@ -246,23 +225,6 @@ TEST_F(NetConfig2KTest, AdapterValuesMissingReadAsEmpty) {
     EXPECT_FALSE(config->Record().DNSEnabled);
     EXPECT_EQ("", config->Record().WINSServer1);
     EXPECT_EQ("Field laptop", config->Record().ComputerDescription);  // the rest is read
-}
-
-TEST_F(NetConfig2KTest, AdapterValuesOfTheWrongTypeAreReadWhereTheyMakeSense) {
-    Load("xp-laptop");
-    WriteStored(HKEY_LOCAL_MACHINE, InterfaceKey(kLaptopWired), "IPAddress", REG_DWORD,
-                {5, 0, 0, 10});
-    WriteStoredText(HKEY_LOCAL_MACHINE, InterfaceKey(kLaptopWired), "EnableDHCP", "1");
-    WriteStored(HKEY_LOCAL_MACHINE, InterfaceKey(kLaptopWired), "NameServer", REG_BINARY, {1, 2});
-    WriteStoredText(HKEY_LOCAL_MACHINE, NetBTInterfaceKey(kLaptopWired), "NameServerList",
-                    "10.0.0.9");
-    auto config = Capture();
-    EXPECT_EQ("", config->Record().IPAddress);
-    EXPECT_TRUE(config->Record().DHCPEnabled);
-    EXPECT_EQ("", config->Record().DNSServers);
-    EXPECT_FALSE(config->Record().DNSEnabled);
-    EXPECT_EQ("10.0.0.9", config->Record().WINSServer1);
-    EXPECT_EQ("", config->Record().WINSServer2);
 }
 
 // --- Profiles ------------------------------------------------------------------------
@@ -331,67 +293,13 @@ TEST_P(NetConfig2KRoundTrip, AProfileSavedFromTheMachineReadsBackIntoTheSameReco
 }
 
 INSTANTIATE_TEST_SUITE_P(Machines, NetConfig2KRoundTrip,
-                         ::testing::Values("xp-laptop", "win2k-pro", "win2003-server",
-                                           "xp-no-network"),
+                         ::testing::Values("xp-laptop", "xp-no-network"),
                          [](const ::testing::TestParamInfo<const char*>& info) {
                              std::string name = info.param;
                              for (char& c : name)
                                  if (c == '-') c = '_';
                              return name;
                          });
-
-struct AdapterChoice {
-    bool ShowDisabled;
-    const char* Value;
-    int Chosen;
-};
-
-struct MachineChoices {
-    const char* Machine;
-    std::vector<AdapterChoice> Choices;
-};
-
-class NetConfig2KAdapterChoice : public NetConfig2KTest,
-                                 public ::testing::WithParamInterface<MachineChoices> {};
-
-TEST_P(NetConfig2KAdapterChoice, TheProfilesAdapterValuePicksTheAdapter) {
-    Load(GetParam().Machine);
-    const std::string file = TempProfile("adapter.rwz");
-    for (const AdapterChoice& choice : GetParam().Choices) {
-        SCOPED_TRACE(choice.Value);
-        SaveProgramSetting(kProductName, "Options", "ShowDisabledNICS",
-                           choice.ShowDisabled ? "1" : "0");
-        auto config = Capture();
-        WritePrivateProfileStringA("Network", "Adapter", choice.Value, file.c_str());
-        config->LoadConfigurationFile(file);
-        EXPECT_EQ(choice.Chosen, config->Record().CurrentAdapter);
-    }
-}
-
-INSTANTIATE_TEST_SUITE_P(
-    Machines, NetConfig2KAdapterChoice,
-    ::testing::Values(MachineChoices{"xp-laptop",
-                                     {{false, "Wireless Network Connection", 1},
-                                      {false, "{*Wireless*}", 1},
-                                      {false, "{Local*}", 0},
-                                      {false, "index:1", 1},
-                                      {false, "INDEX:1", 1},
-                                      {false, "index:9", 0},
-                                      {false, "1394 Connection (Disabled)", 0},
-                                      {true, "1394 Connection (Disabled)", 2},
-                                      {true, "{1394*}", 2}}},
-                      MachineChoices{"win2k-pro",
-                                     {{false, "3Com EtherLink XL 90XB/C Adapter Driver", 1},
-                                      {false, "{3Com*}", 0}}},
-                      MachineChoices{"win2003-server",
-                                     {{true, "index:1", 1}, {false, "index:1", 0}}},
-                      MachineChoices{"xp-no-network", {{true, "index:0", -1}}}),
-    [](const ::testing::TestParamInfo<MachineChoices>& info) {
-        std::string name = info.param.Machine;
-        for (char& c : name)
-            if (c == '-') c = '_';
-        return name;
-    });
 
 TEST_F(NetConfig2KTest, WithoutAdaptersTheProfileSaysSo) {
     Load("xp-no-network");
@@ -403,6 +311,118 @@ TEST_F(NetConfig2KTest, WithoutAdaptersTheProfileSaysSo) {
     EXPECT_STREQ("No Adapters Installed", value);
     GetPrivateProfileStringA("Network", "IPAddress", "", value, sizeof value, file.c_str());
     EXPECT_STREQ("0.0.0.0", value);
+}
+
+// Each key of a profile section in file order, as "key=value".
+Strings SectionLines(const std::string& astrFile, const char* astrSection) {
+    std::vector<char> buffer(8192);
+    const DWORD length = GetPrivateProfileSectionA(
+        astrSection, buffer.data(), static_cast<DWORD>(buffer.size()), astrFile.c_str());
+    Strings lines;
+    for (const char* line = buffer.data(); line < buffer.data() + length && *line;
+         line += strlen(line) + 1)
+        lines.push_back(line);
+    return lines;
+}
+
+TEST_F(NetConfig2KTest, SavesEveryKeyUnderItsNameInItsOrder) {
+    Load("xp-laptop");
+    auto config = Capture();
+    config->Assign(&NetRecord::NTDomainUserName, "jsmith");
+    config->Assign(&NetRecord::LMHostFile, "C:\\lmhosts");  // read from profiles, never written
+    const std::string file = TempProfile("golden.rwz");
+    config->SaveConfigurationfile(file);
+    const std::string account = "NTDomainUserName=" + SectionLines(file, "Network")[7].substr(17);
+    EXPECT_NE("NTDomainUserName=jsmith", account);  // scrambled
+    EXPECT_EQ((Strings{"Adapter=Local Area Connection",
+                       "IPAddress=192.168.101.5,192.168.101.6",
+                       "IPMask=255.255.255.0,255.255.255.0",
+                       "DefaultGateway=192.168.101.1",
+                       "NameServer=192.168.101.2,192.168.101.3",
+                       "HostName=laptop1",
+                       "Domain=",
+                       account,
+                       "NTDomainPassword=",
+                       "SearchList=",
+                       "NameServer1=192.168.101.4",
+                       "NameServer2=192.168.101.7",
+                       "ScopeID=",
+                       "EnableDNS=1",
+                       "ComputerName=LAPTOP1",
+                       "ComputerDescription=Field laptop",
+                       "Workgroup=WORKGROUP",
+                       "NTLogon=0",
+                       "NTDomain=",
+                       "DHCP=0",
+                       "WINS=0"}),
+              SectionLines(file, "Network"));
+    EXPECT_EQ((Strings{"DefaultPrinter=HP LaserJet 4050 Series PCL", "AdvancedSettingsEnabled=0",
+                       "PrinterPort=IP_192.168.101.20", "PrinterCaptureDevice=",
+                       "PrinterCapturePath=", "ReConnectAtLogon=0", "EnableDefaultPrinter=1"}),
+              SectionLines(file, "Printer"));
+}
+
+// --- Changed flags -------------------------------------------------------------------
+
+struct FlagCase {
+    NetText Text;
+    NetFlag Flag;
+    std::set<NetSetting> Flagged;
+    bool Restart;
+};
+
+TEST_F(NetConfig2KTest, EveryAssignmentFlagsItsSetting) {
+    using N = NetRecord;
+    using S = NetSetting;
+    const FlagCase cases[] = {
+        {&N::DefaultGateway, nullptr, {S::DefaultGateway}, false},
+        {&N::DefaultPrinter, nullptr, {S::DefaultPrinter}, false},
+        {&N::PrinterPort, nullptr, {S::AdvPrinterSettings}, false},
+        {&N::PrinterCaptureDev, nullptr, {S::AdvPrinterSettings}, false},
+        {&N::PrinterCapturePath, nullptr, {S::AdvPrinterSettings}, false},
+        {nullptr, &N::PrinterCaptureReconnect, {S::AdvPrinterSettings}, false},
+        {nullptr, &N::NTLogonEnabled, {S::NTLogon}, false},
+        {&N::NTDomain, nullptr, {S::NTDomain}, false},
+        {&N::DomainName, nullptr, {S::Domain}, false},
+        {&N::Host, nullptr, {S::Host}, false},
+        {&N::LMHostFile, nullptr, {S::LMHostFile}, false},
+        {&N::DNSServers, nullptr, {S::DNSServers}, false},
+        {&N::WINSServer1, nullptr, {S::WINSServer1}, false},
+        {&N::WINSServer2, nullptr, {S::WINSServer2}, false},
+        {&N::ScopeID, nullptr, {S::ScopeID}, false},
+        {&N::SearchList, nullptr, {S::SearchList}, false},
+        {nullptr, &N::DNSEnabled, {S::DNSEnabled}, false},
+        {nullptr, &N::DHCPEnabled, {S::DHCPEnabled}, true},
+        {&N::ComputerName, nullptr, {S::ComputerName}, false},
+        {&N::ComputerDescription, nullptr, {S::ComputerDescription}, false},
+        {&N::Workgroup, nullptr, {S::Workgroup}, false},
+        {nullptr,
+         &N::WINSEnabled,
+         {S::WINSEnabled, S::WINSServer1, S::WINSServer2, S::ScopeID},
+         true},
+        {&N::IPAddress, nullptr, {S::IPAddress}, false},
+        {&N::IPMask, nullptr, {S::IPMask}, false},
+        {&N::NTDomainUserName, nullptr, {}, false},
+        {&N::NTDomainPassword, nullptr, {}, false},
+        {nullptr, &N::EnableDefaultPrinter, {}, false},
+        {nullptr, &N::EnableAdvPrinterSettings, {}, false},
+        {nullptr, &N::DisablePWDCache, {}, false},  // not on this system
+        {nullptr, &N::QuickLogon, {}, false},
+    };
+    Load("xp-laptop");
+    auto config = Capture();
+    for (const FlagCase& c : cases) {
+        config->ResetFlags();
+        // The same value as held: an assignment flags all the same.
+        if (c.Text) config->Assign(c.Text, config->Record().*c.Text);
+        if (c.Flag) config->Assign(c.Flag, true);
+        std::set<NetSetting> flagged;
+        for (int i = 0; i < static_cast<int>(S::Count); ++i)
+            if (config->IsChanged(static_cast<S>(i))) flagged.insert(static_cast<S>(i));
+        EXPECT_EQ(c.Flagged, flagged) << &c - cases;
+        EXPECT_EQ(c.Restart, config->Record().ResetRequired) << &c - cases;
+    }
+    EXPECT_FALSE(config->Record().DisablePWDCache);
 }
 
 // --- Apply: what is written, and nothing else --------------------------------------------
@@ -524,50 +544,6 @@ INSTANTIATE_TEST_SUITE_P(
                     {}}),
     [](const ::testing::TestParamInfo<SettingCase>& info) { return std::string(info.param.Name); });
 
-TEST_F(NetConfig2KTest, WritesAddressListsAsMultiStringsAndPushesEachAddressOnce) {
-    Load("xp-laptop");
-    auto config = Capture();
-    config->Assign(&NetRecord::IPAddress, NulList({"10.0.0.5", "10.0.0.6"}));
-    config->Assign(&NetRecord::IPMask, NulList({"255.255.255.0", "255.255.0.0"}));
-    config->Assign(&NetRecord::DefaultGateway, "10.0.0.1,10.0.0.254");
-    EXPECT_TRUE(Apply(*config).empty());
-
-    const StoredValue address =
-        ReadStored(HKEY_LOCAL_MACHINE, InterfaceKey(kLaptopWired), "IPAddress");
-    EXPECT_EQ(static_cast<DWORD>(REG_MULTI_SZ), address.Type);
-    EXPECT_EQ((Strings{"10.0.0.5", "10.0.0.6"}), address.Entries());
-    const StoredValue mask =
-        ReadStored(HKEY_LOCAL_MACHINE, InterfaceKey(kLaptopWired), "SubnetMask");
-    EXPECT_EQ(static_cast<DWORD>(REG_MULTI_SZ), mask.Type);
-    EXPECT_EQ((Strings{"255.255.255.0", "255.255.0.0"}), mask.Entries());
-    const StoredValue gateway =
-        ReadStored(HKEY_LOCAL_MACHINE, InterfaceKey(kLaptopWired), "DefaultGateway");
-    EXPECT_EQ(static_cast<DWORD>(REG_MULTI_SZ), gateway.Type);
-    EXPECT_EQ((Strings{"10.0.0.1", "10.0.0.254"}), gateway.Entries());
-
-    // Addresses and masks changed together: one push, one call per address.
-    const auto pushes = mServices.Calls("DhcpNotifyConfigChange");
-    ASSERT_EQ(2u, pushes.size());
-    for (size_t i = 0; i < 2; ++i) {
-        EXPECT_EQ("", pushes[i]["server"]);
-        EXPECT_EQ(kLaptopWired, pushes[i]["adapter"]);
-        EXPECT_EQ("1", pushes[i]["new"]);
-        EXPECT_EQ(std::to_string(i), pushes[i]["index"]);
-        EXPECT_EQ("0", pushes[i]["action"]);
-    }
-    EXPECT_EQ("10.0.0.5", pushes[0]["address"]);
-    EXPECT_EQ("255.255.255.0", pushes[0]["mask"]);
-    EXPECT_EQ("10.0.0.6", pushes[1]["address"]);
-    EXPECT_EQ("255.255.0.0", pushes[1]["mask"]);
-
-    // A later apply pushes again.
-    mServices.ClearCalls();
-    config->Assign(&NetRecord::IPAddress, NulList({"10.0.0.7"}));
-    Apply(*config);
-    ASSERT_EQ(1u, mServices.Calls("DhcpNotifyConfigChange").size());
-    EXPECT_EQ("10.0.0.7", mServices.Calls("DhcpNotifyConfigChange")[0]["address"]);
-}
-
 struct AddressCase {
     const char* Name;
     std::string Addresses, Masks;
@@ -625,13 +601,7 @@ INSTANTIATE_TEST_SUITE_P(
                                   "",
                                   {"10.0.0.5", "10.0.0.6"},
                                   {"0.0.0.0"},
-                                  {}},
-                      AddressCase{"NotAnAddress",
-                                  NulList({"10.0.0.5", "ten.0.0.6"}),
-                                  NulList({"255.0.0.0", "255.0.0.0"}),
-                                  {"10.0.0.5", "ten.0.0.6"},
-                                  {"255.0.0.0", "255.0.0.0"},
-                                  {"0:10.0.0.5/255.0.0.0"}}),
+                                  {}}),
     [](const ::testing::TestParamInfo<AddressCase>& info) { return std::string(info.param.Name); });
 
 TEST_F(NetConfig2KTest, WritesDhcpNameServersAndWinsInTheirForms) {
@@ -693,24 +663,6 @@ TEST_F(NetConfig2KTest, OnlyDhcpAndWinsChangesNeedARestart) {
     config->ResetFlags();
     EXPECT_FALSE(config->Record().ResetRequired);
     EXPECT_FALSE(config->IsChanged(NetSetting::IPAddress));
-}
-
-TEST_F(NetConfig2KTest, AppliesToTheAdapterTheProfileChose) {
-    Load("xp-laptop");
-    auto config = Capture();
-    const std::string file = TempProfile("wireless.rwz");
-    WritePrivateProfileStringA("Network", "Adapter", "{*Wireless*}", file.c_str());
-    WritePrivateProfileStringA("Network", "IPAddress", "10.0.0.23", file.c_str());
-    WritePrivateProfileStringA("Network", "IPMask", "255.255.255.0", file.c_str());
-    config->LoadConfigurationFile(file);
-    const auto wiredBefore = WritableValues(kLaptopWired);
-    config->Assign(&NetRecord::IPAddress, config->Record().IPAddress);
-    EXPECT_TRUE(Apply(*config).empty());
-    EXPECT_EQ(Strings{"10.0.0.23"},
-              ReadStored(HKEY_LOCAL_MACHINE, InterfaceKey(kLaptopWireless), "IPAddress").Entries());
-    EXPECT_TRUE(Changed(wiredBefore, WritableValues(kLaptopWired)).empty());
-    ASSERT_EQ(1u, mServices.Calls("DhcpNotifyConfigChange").size());
-    EXPECT_EQ(kLaptopWireless, mServices.Calls("DhcpNotifyConfigChange")[0]["adapter"]);
 }
 
 TEST_F(NetConfig2KTest, WithoutAnAdapterOrItsKeyTheAdapterSettingsArePassedOver) {
@@ -809,20 +761,6 @@ TEST_F(NetConfig2KTest, AppliesInTheFixedOrderAndLogsWhatItDid) {
     ASSERT_EQ(2u, names.size());
     EXPECT_EQ("6", names[0]["type"]);
     EXPECT_EQ("5", names[1]["type"]);
-}
-
-TEST_F(NetConfig2KTest, LogsTheAdapterKeysItReads) {
-    Load("xp-laptop");
-    LogWatch log;
-    auto config = Capture();
-    EXPECT_TRUE(log.Contains("clsNetConfig2K - Initialize"));
-    EXPECT_TRUE(log.Contains("clsNetConfig2K - getDNSServers for " + std::string(kLaptopWired)));
-    EXPECT_TRUE(
-        log.Contains("clsNetConfig2K - getWINSServer1; Key = \\HKEY_LOCAL_MACHINE\\SYSTEM\\"
-                     "CurrentControlSet\\Services\\NetBT\\Parameters\\Interfaces\\Tcpip_" +
-                     std::string(kLaptopWired)));
-    config.reset();
-    EXPECT_TRUE(log.Contains("clsNetConfig2K - Terminate"));
 }
 
 // --- Membership and description ----------------------------------------------------------
