@@ -118,14 +118,14 @@ void clsRwzConfig::SaveAdvancedSettings() {
 }
 
 bool clsRwzConfig::ApplyConfiguration(const AddInCollection& acolAddIns,
-                                      const CloseBrowserQuestion& askCloseBrowser) {
+                                      const CloseBrowserQuestion& askCloseBrowser,
+                                      const ApplyFailureNotice& tellFailure) {
     Procedure proc(kObject, "ApplyConfiguration");
     return proc.Run([&] {
         bool restart = false;
-        // The network back end tells what failed; the user sees it before the browsers.
         if (ApplyGeneral() && mobjNet)
             for (const std::string& failure : mobjNet->ApplyConfiguration())
-                ShowMessage(failure, MB_OK | MB_ICONEXCLAMATION);
+                if (tellFailure) tellFailure(failure);
 
         const BrowserArea browsers[] = {
             {mobjIE.get(), ApplyIE(), "IEFrame", "Internet Explorer"},

@@ -1,6 +1,6 @@
 // The General page of the main window: the network record of the profile
-// (INetConfig), edited through its property setters so that what the page
-// shows is what will be applied and saved.
+// (INetConfig), edited through assignments that flag each setting, so that
+// what the page shows is what will be applied and saved.
 //
 // The address and mask fields edit one entry of their lists at a time, chosen
 // with the index box beside the address; the page keeps the lists in their

@@ -68,6 +68,10 @@ bool AskCloseBrowser(const std::string& astrBrowser) {
                        "Apply Configuration") == IDYES;
 }
 
+void ShowApplyFailure(const std::string& astrText) {
+    ShowMessage(astrText, MB_OK | MB_ICONEXCLAMATION);
+}
+
 std::string CurrentFolder() {
     char folder[MAX_PATH] = "";
     GetCurrentDirectoryA(sizeof folder, folder);
@@ -230,7 +234,7 @@ bool frmMain::ApplyConfiguration() {
             if (current >= 0 && current < static_cast<int>(adapters.size()))
                 SaveProgramSetting(kProductName, kOptions, "LastNICApplied", adapters[current]);
         }
-        return mobjConfig->ApplyConfiguration(mcolAddIns, AskCloseBrowser);
+        return mobjConfig->ApplyConfiguration(mcolAddIns, AskCloseBrowser, ShowApplyFailure);
     });
 }
 
