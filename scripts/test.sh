@@ -2,7 +2,8 @@
 # Builds both trees (installing what is missing), then runs every test under
 # Wine: the test programs of tests/ (each in a fresh prefix cloned from one base
 # prefix), the end-to-end runs of Rwz.exe (each case in its own prefix) and the
-# import-table check of the 32-bit Rwz.exe. Exits non-zero on any failure.
+# import-table check of the 32-bit Rwz.exe. Exits non-zero on any failure, and
+# when tests/ holds more than 40% as many source lines as src/.
 # Environment: RWZ_BUILD_ROOT (default: build/), RWZ_TEST_TIMEOUT (seconds per
 # test program, default 900), extra arguments are passed to ctest (e.g. -R e2e).
 set -uo pipefail
@@ -17,6 +18,23 @@ if ! "$here/scripts/build.sh" </dev/null; then
     echo "test: the build failed"
     echo "0 passed, 1 failed"
     exit 1
+fi
+
+# The size of the tests against the code they test: non-blank lines of the
+# source files (tracked or new, not ignored) under tests/ and under src/.
+code_lines() {
+    git -C "$here" ls-files --cached --others --exclude-standard -- "$1" |
+        grep -E '(\.(cpp|h|rc|sh|py|cmake)|(^|/)CMakeLists\.txt)$' | sort -u |
+        (cd "$here" && xargs -r -d '\n' cat 2>/dev/null) | grep -c '[^[:space:]]'
+}
+test_lines=$(code_lines tests)
+src_lines=$(code_lines src)
+ratio=$((test_lines * 100 / (src_lines > 0 ? src_lines : 1)))
+echo "test: tests/ $test_lines lines, src/ $src_lines lines: $ratio%"
+size_ok=1
+if [ "$ratio" -gt 40 ]; then
+    echo "test: FAILED: tests/ is $ratio% of src/, more than the 40% allowed"
+    size_ok=0
 fi
 
 # Left over from an interrupted run: prefixes whose servers may still run.
@@ -50,5 +68,6 @@ fi
 echo
 echo "ran: $(grep -oE 'Test +#[0-9]+: [^ ]+' "$log" | awk '{print $3}' | sort | tr '\n' ' ')"
 [ "$failed" -gt 0 ] && echo "failed: $(grep -E '^ *[0-9]+/[0-9]+ Test +#[0-9]+: .*(\*\*\*|Failed|Timeout|Not Run|Exception)' "$log" | grep -oE '#[0-9]+: [^ ]+' | awk '{print $2}' | tr '\n' ' ')"
+[ $size_ok = 1 ] || echo "test: FAILED: tests/ is $ratio% of src/, more than the 40% allowed"
 echo "$passed passed, $failed failed"
-[ "$failed" -eq 0 ] && [ "$ctest_status" -eq 0 ]
+[ "$failed" -eq 0 ] && [ "$ctest_status" -eq 0 ] && [ $size_ok = 1 ]
