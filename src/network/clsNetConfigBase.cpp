@@ -230,7 +230,8 @@ std::string clsNetConfigBase::PlaceKey(const RegistryPlace& aPlace) const {
     if (!aPlace.Key) return std::string();
     if (!aPlace.PerAdapter) return aPlace.Key;
     const std::string adapter = CurrentAdapterKey();
-    return adapter.empty() ? std::string() : aPlace.Key + adapter;
+    if (adapter.empty()) return std::string();
+    return aPlace.Key + adapter + (aPlace.AdapterSubKey ? aPlace.AdapterSubKey : "");
 }
 
 std::string clsNetConfigBase::ReadPlaceText(const RegistryPlace& aPlace) const {
@@ -274,6 +275,8 @@ void clsNetConfigBase::ReadRow(const NetSettingRow& aRow) {
         if (aRow.Kind == ValueKind::List ||
             (aRow.Kind == ValueKind::AddressList && !mParticulars.NulSeparatedAddresses))
             text = Replaced(text, '\0', ',');
+        if (aRow.Kind == ValueKind::List && place.Separator)
+            text = Join(ListEntries(Replaced(text, place.Separator[0], ',')), ",");
         mRecord.*aRow.Text = text;
     });
 }
@@ -307,7 +310,7 @@ void clsNetConfigBase::WriteToPlace(const NetSettingRow& aRow) {
     if (place.Type == kRegMultiString)
         WritePlace(place, MultiStringBytes(entries));
     else
-        WritePlace(place, Join(entries, ","));
+        WritePlace(place, Join(entries, place.Separator ? place.Separator : ","));
 }
 
 void clsNetConfigBase::WriteRow(const NetSettingRow& aRow) {

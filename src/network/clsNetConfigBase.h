@@ -42,6 +42,10 @@ struct RegistryPlace {
     const char* Name = nullptr;
     int Type = 0;
     bool PerAdapter = false;
+    // Follows the adapter's key in the path, as "\Parameters\Tcpip".
+    const char* AdapterSubKey = nullptr;
+    // Between the entries of a List kept as text, when not "," (one character).
+    const char* Separator = nullptr;
 };
 
 // What applying a flagged setting does.

@@ -319,7 +319,7 @@ std::optional<int> frmMain::EndForOtherCopy() {
     mhCopyMutex.Reset(CreateMutexA(nullptr, FALSE, kCopyMutex));
     if (GetLastError() != ERROR_ALREADY_EXISTS) return std::nullopt;
     // The other copy's log is left as it is; this copy only adds why it ends or waits.
-    if (GetSwitch("apply", GetCommandLineArgs(CommandLineText())).empty()) {
+    if (GetSwitch("apply", GetCommandLineArgs(CommandLineText(GetCommandLineA()))).empty()) {
         WriteLog("Another copy of Roamwise is running: this copy brings it forward and ends.",
                  kLogInformation);
         if (HWND other = FindWindowByPartialTitle("- Roamwise")) {
