@@ -205,6 +205,7 @@ struct RunResult : WatchResult {
 
     // Whether the program showed a visible top-level window other than a dialog.
     bool ShowedWindow() const;
+    std::vector<std::string> LogLines() const { return SplitLines(log); }
     // Everything above, for failure messages.
     std::string Describe() const;
 };
