@@ -19,6 +19,7 @@
 #include "shell/frmNetscapeTab.h"
 #include "shell/frmOperaTab.h"
 #include "shell/frmRestart.h"
+#include "shell/RwzExitCode.h"
 #include "shell/modCommandLine.h"
 
 namespace rwz {
@@ -80,9 +81,9 @@ frmMain::~frmMain() = default;
 int frmMain::Run(int showCommand) {
     mhCopyMutex.Reset(CreateMutexA(nullptr, FALSE, kCopyMutex));
     mblnAnotherCopy = GetLastError() == ERROR_ALREADY_EXISTS;
-    if (!CreateMainWindow()) return 1;
+    if (!CreateMainWindow()) return kExitNoWindow;
     Form_Load();
-    if (mblnUnloaded) return 0;
+    if (mblnUnloaded) return static_cast<int>(mlngExitCode);
     ShowWindow(mhWnd, showCommand);
     UpdateWindow(mhWnd);
     MSG message;
@@ -443,8 +444,14 @@ void frmMain::ProcessCommandLineSwitches(const std::vector<std::string>& avarArg
         if (found("pwd") && net) net->SetNTDomainPassword(value);
         if (found("save")) SaveConfigurationFile(value);
         if (found("export") && mobjConfig) clsSettings().ExportAllSettings(*mobjConfig, value);
+        const bool loadFailed = found("load", false) && !mblnFileLoaded;
         if (found("apply")) ApplyConfiguration();
         const bool pending = RestartPending();
+        // Whoever started a silent apply learns from the exit code how it went.
+        if (found("apply", false))
+            mlngExitCode = loadFailed ? kExitNotApplied
+                           : pending  ? kExitRestartPending
+                                      : kExitApplied;
         if (found("print") && mobjConfig) clsSettings().PrintAllSettings(*mobjConfig);
         const bool force = found("force", false);
         const bool restart = pending || force;

@@ -117,6 +117,7 @@ class frmMain : public ITabHost {
     bool mblnFileLoaded = false;
     bool mblnAutoReboot = false;
     bool mblnUnloaded = false;
+    unsigned long mlngExitCode = 0;  // see shell/RwzExitCode.h
     clsMRUList mobjMRU;
     std::unique_ptr<clsRwzConfig> mobjConfig;
     AddInCollection mcolAddIns;
