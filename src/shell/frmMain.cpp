@@ -21,6 +21,7 @@
 #include "shell/frmRestart.h"
 #include "shell/RwzExitCode.h"
 #include "shell/modCommandLine.h"
+#include "shell/modShortcut.h"
 
 namespace rwz {
 
@@ -275,6 +276,9 @@ void frmMain::OnCommand(int aintId) {
             return ExportSettings();
         case IDM_FILE_PRINT:
             return PrintSettings();
+        case IDM_FILE_SHORTCUT:
+            CreateDesktopShortcut(mhWnd, mobjConfig ? mobjConfig->ConfFile() : std::string());
+            return;
         case IDM_FILE_EXIT:
             return ExitApplication();
         case IDM_HELP_CONTENTS:
