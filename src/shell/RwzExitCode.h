@@ -8,8 +8,8 @@ namespace rwz {
 inline constexpr unsigned long kExitApplied = 0;
 // The window could not be created.
 inline constexpr unsigned long kExitNoWindow = 1;
-// "apply" was given but the profile named by "load" could not be opened, so
-// nothing was applied.
+// "apply" was given but nothing was applied: the profile named by "load"
+// could not be opened, or the program ended before it came to applying.
 inline constexpr unsigned long kExitNotApplied = 2;
 // Applied; the system must restart for some settings to take effect (the
 // value Windows' own installers use for this).

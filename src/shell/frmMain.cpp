@@ -83,6 +83,10 @@ int frmMain::Run(int showCommand) {
     mhCopyMutex.Reset(CreateMutexA(nullptr, FALSE, kCopyMutex));
     mblnAnotherCopy = GetLastError() == ERROR_ALREADY_EXISTS;
     if (!CreateMainWindow()) return kExitNoWindow;
+    // Until a profile has been applied, a run asked to apply says it was not
+    // (an unsupported system, for one, ends before the switches).
+    if (ToLower(CommandLineText()).find("/apply") != std::string::npos)
+        mlngExitCode = kExitNotApplied;
     Form_Load();
     if (mblnUnloaded) return static_cast<int>(mlngExitCode);
     ShowWindow(mhWnd, showCommand);

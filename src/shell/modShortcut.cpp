@@ -75,11 +75,12 @@ std::string ShortcutPath(const std::string& astrFolder, const std::string& astrP
     return astrFolder + "\\" + name + ".lnk";
 }
 
-void WriteProfileShortcut(const std::string& astrLink, const std::string& astrProfile) {
+void WriteProfileShortcut(const std::string& astrLink, const std::string& astrProfile,
+                          const std::string& astrProgram) {
     Procedure proc(kObject, "WriteProfileShortcut");
     proc.LogValue(astrLink);
     proc.RunPassingOn([&] {
-        const std::string program = ProgramFolder() + "\\Rwz.exe";
+        const std::string& program = astrProgram;
         ComScope com;
         ComPtr<IShellLinkA> link;
         // The shell's link object is there from Windows 95 and NT 4 on.
@@ -89,7 +90,8 @@ void WriteProfileShortcut(const std::string& astrLink, const std::string& astrPr
         Check(link.p->SetPath(program.c_str()), "Setting the shortcut's target");
         Check(link.p->SetArguments(ShortcutArguments(astrProfile).c_str()),
               "Setting the arguments");
-        Check(link.p->SetWorkingDirectory(ProgramFolder().c_str()), "Setting the folder");
+        Check(link.p->SetWorkingDirectory(program.substr(0, program.find_last_of('\\')).c_str()),
+              "Setting the folder");
         Check(link.p->SetIconLocation(program.c_str(), 0), "Setting the icon");
         link.p->SetDescription(("Roamwise: " + astrProfile).substr(0, MAX_PATH - 1).c_str());
         ComPtr<IPersistFile> file;
@@ -123,7 +125,7 @@ std::string CreateDesktopShortcut(HWND ahOwner, const std::string& astrProfile) 
                          {link.substr(desktop.size() + 1)}),
                     MB_YESNO | MB_ICONQUESTION) != IDYES)
                 return std::string();
-            WriteProfileShortcut(link, astrProfile);
+            WriteProfileShortcut(link, astrProfile, ProgramFolder() + "\\Rwz.exe");
             return link;
         },
         [&] {

@@ -14,9 +14,10 @@ std::string ShortcutArguments(const std::string& astrProfile);
 // its extension + ".lnk".
 std::string ShortcutPath(const std::string& astrFolder, const std::string& astrProfile);
 
-// Writes the shortcut file through the shell's link object: target Rwz.exe in
-// the program's folder, the arguments above, the program's icon. Raises on failure.
-void WriteProfileShortcut(const std::string& astrLink, const std::string& astrProfile);
+// Writes the shortcut file through the shell's link object: target the
+// program (Rwz.exe), the arguments above, the program's icon. Raises on failure.
+void WriteProfileShortcut(const std::string& astrLink, const std::string& astrProfile,
+                          const std::string& astrProgram);
 
 // The command: asks before replacing a shortcut of the same name, tells the
 // user what failed. Returns the shortcut's path, "" when none was written.
