@@ -127,6 +127,8 @@ Section "Roamwise"
   WriteRegStr HKCR "${FILE_TYPE}\shell" "" "${OPEN_VERB}"
   ; Quoted: the program's folder usually has a blank in its name.
   WriteRegStr HKCR "${FILE_TYPE}\shell\${OPEN_VERB}\command" "" '"$INSTDIR\Rwz.exe" "%1"'
+  ; The standard verb too: shells that do not take the named default use "open".
+  WriteRegStr HKCR "${FILE_TYPE}\shell\open\command" "" '"$INSTDIR\Rwz.exe" "%1"'
   System::Call 'shell32::SHChangeNotify(i 0x08000000, i 0, p 0, p 0)'
 
   WriteRegStr HKLM "${UNINSTALL_KEY}" "DisplayName" "${PRODUCT}"

@@ -63,13 +63,16 @@ reg_value() { wine reg query "$1" /ve 2>/dev/null | tr -d '\r' | awk -F'REG_SZ' 
 running() {
     local pid
     for pid in $(pgrep -f "$1"); do
-        tr '\0' '\n' <"/proc/$pid/environ" 2>/dev/null | grep -qxF "WINEPREFIX=$WINEPREFIX" && return 0
+        { tr '\0' '\n' <"/proc/$pid/environ"; } 2>/dev/null | grep -qxF "WINEPREFIX=$WINEPREFIX" && return 0
     done
     return 1
 }
 
+# A supported system for the program (Wine itself claims a newer one).
+wine reg add 'HKCU\Software\Wine\AppDefaults\Rwz.exe' /v Version /d winxp /f >/dev/null 2>&1 </dev/null
+
 # Install.
-wine "$installer" /S </dev/null >/dev/null 2>&1
+timeout 120 wine "$installer" /S </dev/null >/dev/null 2>&1
 check "the installer ends with 0" [ $? = 0 ]
 for file in Rwz.exe RwzSysTray.exe Rwz.exe.manifest RwzSysTray.exe.manifest en-us.slf \
     Examples/office.rwz Examples/home.rwz Examples/client-site.rwz Uninstall.exe; do
@@ -84,7 +87,7 @@ check "association: opened with the installed Rwz.exe" \
     [ "$(reg_value 'HKCR\rwz_auto_file\shell\Open with Roamwise\command')" = "\"$win_inst\\Rwz.exe\" \"%1\"" ]
 
 # The installed program runs, and a profile started from the shell opens in it.
-wine "$win_inst\\Rwz.exe" /hidden </dev/null >/dev/null 2>&1
+timeout 60 wine "$win_inst\\Rwz.exe" /hidden </dev/null >/dev/null 2>&1
 check "Rwz.exe /hidden from the install folder ends with 0" [ $? = 0 ]
 check "... and writes its log there" log_has "Roamwise Log File"
 cp "$source_dir/examples/office.rwz" "$inst/my office.rwz"
@@ -95,7 +98,7 @@ check "a .rwz started from the shell opens in Rwz.exe" \
 # The tray program runs while the uninstaller runs: it is asked to close.
 wine start "$win_inst\\RwzSysTray.exe" </dev/null >/dev/null 2>&1
 check "the tray program starts" wait_for 20 log_has "clsSysTray - Run"
-wine "$win_inst\\Uninstall.exe" /S </dev/null >/dev/null 2>&1
+timeout 60 wine "$win_inst\\Uninstall.exe" /S </dev/null >/dev/null 2>&1
 # The uninstaller goes on from a copy of itself in the temporary folder.
 check "the uninstaller ends" wait_for 60 eval '[ ! -e "$inst/Uninstall.exe" ] && ! running Au_.exe'
 check "the tray program was closed" wait_for 10 eval '! running RwzSysTray.exe'
