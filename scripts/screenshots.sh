@@ -1,0 +1,112 @@
+#!/usr/bin/env bash
+# screenshots.sh [--no-build]: the README's pictures, taken from the running
+# program. Makes the simulated Windows XP laptop (tests/machines/xp-laptop) in
+# a fresh Wine prefix with Wine's graphics driver on (the test prefixes use the
+# null driver) in a virtual desktop on a virtual X display (Xvfb), opens
+# examples/office.rwz in Rwz.exe, shows each tab and the main dialogs, and
+# saves them as PNG files under docs/.
+# Environment: RWZ_BUILD_ROOT (default build/), RWZ_SHOT_DISPLAY (default :77).
+set -uo pipefail
+here=$(cd "$(dirname "$0")/.." && pwd)
+build_root=${RWZ_BUILD_ROOT:-$here/build}
+tree=$build_root/win64
+work=$build_root/screenshots
+prefix=$work/prefix
+machine=$here/tests/machines/xp-laptop
+docs=$here/docs
+display=${RWZ_SHOT_DISPLAY:-:77}
+export WINEDEBUG=-all
+
+die() {
+    echo "screenshots: $*" >&2
+    exit 1
+}
+command -v Xvfb >/dev/null && command -v import >/dev/null || "$here/scripts/install-deps.sh" </dev/null
+
+if [ "${1:-}" != --no-build ]; then
+    "$here/scripts/build.sh" </dev/null || die "the build failed"
+fi
+[ -f "$tree/bin/Rwz.exe" ] || die "no $tree/bin/Rwz.exe"
+mkdir -p "$work" "$docs"
+helper=$work/ShotHelper.exe
+x86_64-w64-mingw32-g++ -O1 -static -o "$helper" "$here/scripts/screenshots/ShotHelper.cpp" \
+    -lcomctl32 -luser32 || die "cannot build the helper"
+
+# --- The laptop, with a screen ---------------------------------------------
+base=${RWZ_BASE_PREFIX:-$tree/wine/base}
+"$here/tests/bench/make-base-prefix.sh" --if-missing "$base" </dev/null || die "no base Wine prefix"
+if [ -d "$prefix" ]; then
+    WINEPREFIX=$prefix wineserver -k >/dev/null 2>&1 </dev/null
+    rm -rf "$prefix"
+fi
+"$here/tests/bench/clone-prefix.sh" "$base" "$prefix" || die "cannot clone $base"
+# Before anything runs in it: the X11 driver instead of the null one, and one
+# virtual desktop, in which Wine draws the windows' frames itself.
+sed -i 's/^"Graphics"="null"/"Graphics"="x11"/' "$prefix/user.reg"
+cat >>"$prefix/user.reg" <<'REG'
+
+[Software\\Wine\\Explorer]
+"Desktop"="Default"
+
+[Software\\Wine\\Explorer\\Desktops]
+"Default"="1024x768"
+REG
+
+Xvfb "$display" -screen 0 1024x768x24 -nolisten tcp >/dev/null 2>&1 </dev/null &
+xvfb=$!
+export DISPLAY=$display WINEPREFIX=$prefix
+cleanup() {
+    wineserver -k >/dev/null 2>&1 </dev/null
+    kill "$xvfb" 2>/dev/null
+}
+trap cleanup EXIT
+sleep 1
+(
+    wineserver -p 600
+    wine cmd /c exit
+) >/dev/null 2>&1 </dev/null
+
+winpath() { printf 'Z:%s' "${1//\//\\}"; }
+for reg in "$machine"/*.reg; do
+    wine regedit /s "$(winpath "$reg")" >/dev/null 2>&1 </dev/null || die "regedit failed on $reg"
+done
+wine reg add 'HKCU\Software\Wine\AppDefaults\Rwz.exe' /v Version /d "$(tr -d ' \r\n' <"$machine/version")" \
+    /f >/dev/null 2>&1 </dev/null
+c_drive=$prefix/drive_c
+[ -d "$machine/files" ] && cp -r --remove-destination "$machine/files/." "$c_drive/"
+install_dir=$c_drive/Program\ Files/Roamwise
+mkdir -p "$install_dir" "$c_drive/Profiles" "$c_drive/Program Files/Opera7"
+cp --remove-destination "$tree/bin/Rwz.exe" "$install_dir/Rwz.exe"
+cp --remove-destination "$here"/examples/*.rwz "$c_drive/Profiles/"
+[ -f "$tree/tests/FakeOpera.exe" ] &&
+    cp --remove-destination "$tree/tests/FakeOpera.exe" "$c_drive/Program Files/Opera7/Opera.exe"
+rwz='C:\Program Files\Roamwise\Rwz.exe'
+
+# --- The pictures ------------------------------------------------------------
+# shoot FILE TITLE-PART [TAB]: the window, as the screen shows it.
+shoot() {
+    local file=$1 rect
+    shift
+    rect=$(wine "$(winpath "$helper")" "$@" 2>/dev/null </dev/null | tr -d '\r')
+    [ -n "$rect" ] || die "no window \"$1\" for $file"
+    import -window root -crop "$rect" +repage "$docs/$file" || die "cannot capture $file"
+    echo "screenshots: docs/$file ($rect)"
+}
+
+wine "$rwz" /load 'C:\Profiles\office.rwz' >/dev/null 2>&1 </dev/null &
+tab=0
+for name in general internet-explorer netscape opera; do
+    shoot "main-$name.png" "office.rwz - Roamwise" $tab
+    tab=$((tab + 1))
+done
+wine taskkill /f /im Rwz.exe >/dev/null 2>&1 </dev/null
+sleep 1
+
+wine "$rwz" /about >/dev/null 2>&1 </dev/null &
+shoot about.png "About Roamwise"
+wine taskkill /f /im Rwz.exe >/dev/null 2>&1 </dev/null
+sleep 1
+
+wine "$rwz" /hidden /force /prompt >/dev/null 2>&1 </dev/null &
+shoot restart.png "Restart"
+wine taskkill /f /im Rwz.exe >/dev/null 2>&1 </dev/null

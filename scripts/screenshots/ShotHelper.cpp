@@ -1,0 +1,62 @@
+// Helps scripts/screenshots.sh show a window of Roamwise as a user would see
+// it: waits for a top-level window whose title contains a text, optionally
+// selects a tab of the main window (as a click on it does), brings it to the
+// front and prints its rectangle on the screen as "WIDTHxHEIGHT+X+Y".
+//   ShotHelper.exe TITLE-PART [TAB-INDEX]
+#include <windows.h>
+#include <commctrl.h>
+
+#include <cstdio>
+#include <cstdlib>
+#include <string>
+
+namespace {
+
+struct Search {
+    std::string part;
+    HWND found = nullptr;
+};
+
+BOOL CALLBACK Visit(HWND window, LPARAM data) {
+    auto* search = reinterpret_cast<Search*>(data);
+    char title[256] = "";
+    GetWindowTextA(window, title, sizeof title);
+    if (IsWindowVisible(window) && std::string(title).find(search->part) != std::string::npos) {
+        search->found = window;
+        return FALSE;
+    }
+    return TRUE;
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    if (argc < 2) return 2;
+    Search search{argv[1]};
+    for (int i = 0; i < 300 && !search.found; ++i) {
+        EnumWindows(Visit, reinterpret_cast<LPARAM>(&search));
+        if (!search.found) Sleep(100);
+    }
+    if (!search.found) {
+        std::fprintf(stderr, "no window \"%s\"\n", argv[1]);
+        return 1;
+    }
+    HWND window = search.found;
+    if (argc > 2) {
+        HWND tabs = FindWindowExA(window, nullptr, WC_TABCONTROLA, nullptr);
+        if (!tabs) return 1;
+        const int index = std::atoi(argv[2]);
+        SendMessageA(tabs, TCM_SETCURSEL, index, 0);
+        NMHDR header = {tabs, static_cast<UINT_PTR>(GetDlgCtrlID(tabs)),
+                        static_cast<UINT>(TCN_SELCHANGE)};
+        SendMessageA(window, WM_NOTIFY, header.idFrom, reinterpret_cast<LPARAM>(&header));
+    }
+    SetForegroundWindow(window);
+    RedrawWindow(window, nullptr, nullptr, RDW_INVALIDATE | RDW_ALLCHILDREN | RDW_UPDATENOW);
+    Sleep(700);
+    RECT rect;
+    GetWindowRect(window, &rect);
+    std::printf("%ldx%ld+%ld+%ld\n", rect.right - rect.left, rect.bottom - rect.top, rect.left,
+                rect.top);
+    return 0;
+}
