@@ -52,6 +52,18 @@ cat >>"$prefix/user.reg" <<'REG'
 "Default"="1024x768"
 REG
 
+# Wine's own fonts (Tahoma, and Marlett for the caption buttons), as Windows
+# has them: from Debian's fonts-wine, into this prefix only.
+fonts=$work/fonts-wine
+if [ ! -f /usr/share/wine/fonts/tahoma.ttf ] && [ ! -f "$fonts/usr/share/wine/fonts/tahoma.ttf" ]; then
+    rm -rf "$fonts" && mkdir -p "$fonts"
+    (cd "$fonts" && apt-get download fonts-wine >/dev/null 2>&1 && dpkg-deb -x fonts-wine_*.deb .) ||
+        echo "screenshots: no fonts-wine: Wine draws with substitute fonts"
+fi
+for font in /usr/share/wine/fonts/*.ttf "$fonts"/usr/share/wine/fonts/*.ttf; do
+    [ -f "$font" ] && cp "$font" "$prefix/drive_c/windows/Fonts/"
+done
+
 Xvfb "$display" -screen 0 1024x768x24 -nolisten tcp >/dev/null 2>&1 </dev/null &
 xvfb=$!
 export DISPLAY=$display WINEPREFIX=$prefix
