@@ -92,6 +92,15 @@ cp --remove-destination "$tree/bin/Rwz.exe" "$install_dir/Rwz.exe"
 cp --remove-destination "$here"/examples/*.rwz "$c_drive/Profiles/"
 [ -f "$tree/tests/FakeOpera.exe" ] &&
     cp --remove-destination "$tree/tests/FakeOpera.exe" "$c_drive/Program Files/Opera7/Opera.exe"
+# Netscape Communicator 4.79 too (the bench's stand-in, with the users and
+# files of tests/machines/nt40-netscape4), so that its tab can be shown.
+netscape=$here/tests/machines/nt40-netscape4
+if [ -f "$tree/tests/FakeNetscape479.exe" ]; then
+    mkdir -p "$c_drive/Netscape/Communicator/Program"
+    cp --remove-destination "$tree/tests/FakeNetscape479.exe" "$c_drive/Netscape/Communicator/Program/netscape.exe"
+    cp -r --remove-destination "$netscape/files/." "$c_drive/"
+    wine regedit /s "$(winpath "$netscape/netscape.reg")" >/dev/null 2>&1 </dev/null
+fi
 rwz='C:\Program Files\Roamwise\Rwz.exe'
 
 # --- The pictures ------------------------------------------------------------
@@ -100,7 +109,10 @@ shoot() {
     local file=$1 rect
     shift
     rect=$(wine "$(winpath "$helper")" "$@" 2>/dev/null </dev/null | tr -d '\r')
-    [ -n "$rect" ] || die "no window \"$1\" for $file"
+    if [ -z "$rect" ]; then
+        import -window root "$work/screen.png"
+        die "no window \"$1\" for $file (the screen: $work/screen.png)"
+    fi
     import -window root -crop "$rect" +repage "$docs/$file" || die "cannot capture $file"
     echo "screenshots: docs/$file ($rect)"
 }

@@ -1,6 +1,6 @@
 // Helps scripts/screenshots.sh show a window of Roamwise as a user would see
 // it: waits for a top-level window whose title contains a text, optionally
-// selects a tab of the main window (as a click on it does), brings it to the
+// selects a tab of the main window (as the arrow keys do), brings it to the
 // front and prints its rectangle on the screen as "WIDTHxHEIGHT+X+Y".
 //   ShotHelper.exe TITLE-PART [TAB-INDEX]
 #include <windows.h>
@@ -45,11 +45,14 @@ int main(int argc, char** argv) {
     if (argc > 2) {
         HWND tabs = FindWindowExA(window, nullptr, WC_TABCONTROLA, nullptr);
         if (!tabs) return 1;
+        // As the keyboard does it: the tab before (or after) is selected
+        // quietly, then an arrow key moves to the wanted one, and the tab
+        // control tells its window (notifications do not cross processes).
         const int index = std::atoi(argv[2]);
-        SendMessageA(tabs, TCM_SETCURSEL, index, 0);
-        NMHDR header = {tabs, static_cast<UINT_PTR>(GetDlgCtrlID(tabs)),
-                        static_cast<UINT>(TCN_SELCHANGE)};
-        SendMessageA(window, WM_NOTIFY, header.idFrom, reinterpret_cast<LPARAM>(&header));
+        SendMessageA(tabs, TCM_SETCURSEL, index > 0 ? index - 1 : 1, 0);
+        PostMessageA(tabs, WM_KEYDOWN, index > 0 ? VK_RIGHT : VK_LEFT, 0);
+        PostMessageA(tabs, WM_KEYUP, index > 0 ? VK_RIGHT : VK_LEFT, 0xC0000000);
+        Sleep(300);
     }
     SetForegroundWindow(window);
     RedrawWindow(window, nullptr, nullptr, RDW_INVALIDATE | RDW_ALLCHILDREN | RDW_UPDATENOW);
