@@ -52,7 +52,7 @@ void CopyExamples(const std::string& folder) {
 }
 
 // DEBUG.LOG once it holds the text, polled for up to `ms`; "" if it never did.
-std::string WaitForLog(const std::string& text, DWORD ms = 60000) {
+std::string WaitForLog(const std::string& text, DWORD ms = 90000) {
     for (DWORD waited = 0; waited < ms; waited += 100) {
         const std::string log = bench::ReadFileText(bench::DebugLogPath());
         if (log.find(text) != std::string::npos) return log;
@@ -63,8 +63,8 @@ std::string WaitForLog(const std::string& text, DWORD ms = 60000) {
 
 // Until a message box has come up and the watcher has answered it.
 void WaitUntilAnswered() {
-    for (int i = 0; i < 100 && !FindWindowA("#32770", nullptr); ++i) Sleep(50);
-    for (int i = 0; i < 200 && FindWindowA("#32770", nullptr); ++i) Sleep(50);
+    for (int i = 0; i < 600 && !FindWindowA("#32770", nullptr); ++i) Sleep(50);
+    for (int i = 0; i < 600 && FindWindowA("#32770", nullptr); ++i) Sleep(50);
 }
 
 // A running process of that image name, waited for up to `ms`; nullptr if none came.
