@@ -88,7 +88,7 @@ c_drive=$prefix/drive_c
 [ -d "$machine/files" ] && cp -r --remove-destination "$machine/files/." "$c_drive/"
 install_dir=$c_drive/Program\ Files/Roamwise
 mkdir -p "$install_dir" "$c_drive/Profiles" "$c_drive/Program Files/Opera7"
-cp --remove-destination "$tree/bin/Rwz.exe" "$install_dir/Rwz.exe"
+cp --remove-destination "$tree/bin/Rwz.exe" "$tree/bin/RwzSysTray.exe" "$install_dir/"
 cp --remove-destination "$here"/examples/*.rwz "$c_drive/Profiles/"
 [ -f "$tree/tests/FakeOpera.exe" ] &&
     cp --remove-destination "$tree/tests/FakeOpera.exe" "$c_drive/Program Files/Opera7/Opera.exe"
@@ -134,3 +134,8 @@ sleep 1
 wine "$rwz" /hidden /force /prompt >/dev/null 2>&1 </dev/null &
 shoot restart.png "Restart"
 wine taskkill /f /im Rwz.exe >/dev/null 2>&1 </dev/null
+
+# The tray program's menu: the recent profile, then those of the chosen folder.
+wine reg add 'HKLM\Software\Roamwise\Options' /v TrayProfileFolder /d 'C:\Profiles' /f >/dev/null 2>&1 </dev/null
+wine "C:\Program Files\Roamwise\RwzSysTray.exe" >/dev/null 2>&1 </dev/null &
+shoot tray-menu.png --tray-menu

@@ -3,6 +3,8 @@
 // selects a tab of the main window (as the arrow keys do), brings it to the
 // front and prints its rectangle on the screen as "WIDTHxHEIGHT+X+Y".
 //   ShotHelper.exe TITLE-PART [TAB-INDEX]
+// With --tray-menu it opens the tray program's menu, as a right click on its
+// icon does, and prints the menu's rectangle.
 #include <windows.h>
 #include <commctrl.h>
 
@@ -30,8 +32,34 @@ BOOL CALLBACK Visit(HWND window, LPARAM data) {
 
 }  // namespace
 
+// The rectangle of the first visible window of the class, waited for.
+int PrintWindowOfClass(const char* windowClass) {
+    HWND window = nullptr;
+    for (int i = 0; i < 100 && !(window && IsWindowVisible(window)); ++i, Sleep(100))
+        window = FindWindowA(windowClass, nullptr);
+    if (!window) return 1;
+    Sleep(500);
+    RECT rect;
+    GetWindowRect(window, &rect);
+    std::printf("%ldx%ld+%ld+%ld\n", rect.right - rect.left, rect.bottom - rect.top, rect.left,
+                rect.top);
+    return 0;
+}
+
+int OpenTrayMenu() {
+    HWND tray = nullptr;
+    for (int i = 0; i < 100 && !tray; ++i, Sleep(100))
+        tray = FindWindowA("RwzSysTrayWindow", nullptr);
+    if (!tray) return 1;
+    SetCursorPos(520, 360);
+    // The icon's message (WM_APP + 1) with the mouse event it reports.
+    PostMessageA(tray, WM_APP + 1, 1, WM_RBUTTONUP);
+    return PrintWindowOfClass("#32768");
+}
+
 int main(int argc, char** argv) {
     if (argc < 2) return 2;
+    if (std::string(argv[1]) == "--tray-menu") return OpenTrayMenu();
     Search search{argv[1]};
     for (int i = 0; i < 300 && !search.found; ++i) {
         EnumWindows(Visit, reinterpret_cast<LPARAM>(&search));
