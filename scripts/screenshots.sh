@@ -1,10 +1,12 @@
 #!/usr/bin/env bash
-# screenshots.sh [--no-build]: the README's pictures, taken from the running
+# screenshots.sh [--no-build] [--widest]: the README's pictures, taken from the running
 # program. Makes the simulated Windows XP laptop (tests/machines/xp-laptop) in
 # a fresh Wine prefix with Wine's graphics driver on (the test prefixes use the
 # null driver) in a virtual desktop on a virtual X display (Xvfb), opens
 # examples/office.rwz in Rwz.exe, shows each tab and the main dialogs, and
-# saves them as PNG files under docs/.
+# saves them as PNG files under docs/. --widest shows instead a profile with
+# 255.255.255.255 in every address field and port 65535, and saves the
+# pictures under build/screenshots/widest/ for a look at the fields' widths.
 # Environment: RWZ_BUILD_ROOT (default build/), RWZ_SHOT_DISPLAY (default :77).
 set -uo pipefail
 here=$(cd "$(dirname "$0")/.." && pwd)
@@ -23,7 +25,16 @@ die() {
 }
 command -v Xvfb >/dev/null && command -v import >/dev/null || "$here/scripts/install-deps.sh" </dev/null
 
-if [ "${1:-}" != --no-build ]; then
+build=1
+widest=0
+for argument in "$@"; do
+    case $argument in
+        --no-build) build=0 ;;
+        --widest) widest=1 ;;
+        *) die "usage: screenshots.sh [--no-build] [--widest]" ;;
+    esac
+done
+if [ $build = 1 ]; then
     "$here/scripts/build.sh" </dev/null || die "the build failed"
 fi
 [ -f "$tree/bin/Rwz.exe" ] || die "no $tree/bin/Rwz.exe"
@@ -90,6 +101,16 @@ install_dir=$c_drive/Program\ Files/Roamwise
 mkdir -p "$install_dir" "$c_drive/Profiles" "$c_drive/Program Files/Opera7"
 cp --remove-destination "$tree/bin/Rwz.exe" "$tree/bin/RwzSysTray.exe" "$install_dir/"
 cp --remove-destination "$here"/examples/*.rwz "$c_drive/Profiles/"
+if [ $widest = 1 ]; then
+    docs=$work/widest
+    mkdir -p "$docs"
+    a=255.255.255.255
+    sed -e "s/^\(IPAddress\|IPMask\|DefaultGateway\|NameServer\|NameServer1\|NameServer2\)=.*/\1=$a/" \
+        -e "s/^ProxyServer=.*/ProxyServer=http=$a:65535;https=$a:65535;ftp=$a:65535;gopher=$a:65535;socks=$a:65535/" \
+        -e "s/^\(NN[A-Z]*ADDRESS\|[A-Za-z]*ProxyAddress\)=.*/\1=$a/" \
+        -e "s/^\(NN[A-Z]*PORT\|[A-Za-z]*ProxyPort\)=.*/\1=65535/" \
+        "$here/examples/office.rwz" >"$c_drive/Profiles/office.rwz"
+fi
 [ -f "$tree/tests/FakeOpera.exe" ] &&
     cp --remove-destination "$tree/tests/FakeOpera.exe" "$c_drive/Program Files/Opera7/Opera.exe"
 # Netscape Communicator 4.79 too (the bench's stand-in, with the users and
@@ -114,7 +135,7 @@ shoot() {
         die "no window \"$1\" for $file (the screen: $work/screen.png)"
     fi
     import -window root -crop "$rect" +repage "$docs/$file" || die "cannot capture $file"
-    echo "screenshots: docs/$file ($rect)"
+    echo "screenshots: ${docs#"$here"/}/$file ($rect)"
 }
 
 wine "$rwz" /load 'C:\Profiles\office.rwz' >/dev/null 2>&1 </dev/null &
