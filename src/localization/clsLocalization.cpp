@@ -2,9 +2,12 @@
 
 #include <commctrl.h>
 
+#include <algorithm>
+
 #include "platform/Procedure.h"
 #include "platform/modUtilities.h"
-#include "profile/modProfileIO.h"
+#include "platform/AppVersion.h"
+#include "platform/Win32Handles.h"
 
 namespace rwz {
 
@@ -12,6 +15,16 @@ namespace {
 
 constexpr const char* kSectionMessages = "Messages";
 constexpr const char* kDefaultLanguage = "en-US";
+
+// One key of a language file: "" when the file or the key is absent.
+std::string ReadLanguageValue(const std::string& astrFile, const std::string& astrSection,
+                              const std::string& astrKey) {
+    char buffer[256];
+    GetPrivateProfileStringA(astrSection.c_str(), astrKey.c_str(), "", buffer, 255,
+                             astrFile.c_str());
+    buffer[255] = '\0';
+    return TrimRight(StripNulls(buffer));
+}
 
 std::string WithColon(std::string astrText, bool ablnAddTrailingColon) {
     if (ablnAddTrailingColon) astrText += ":";
@@ -22,6 +35,47 @@ std::string WithColon(std::string astrText, bool ablnAddTrailingColon) {
 
 std::string LanguageFilePath(const std::string& astrLanguageTag) {
     return ProgramFolder() + "\\" + astrLanguageTag + ".slf";
+}
+
+std::string CurrentLanguageTag() {
+    return GetProgramSetting(kProductName, "UserInfo", "Language", kDefaultLanguage);
+}
+
+void SetCurrentLanguageTag(const std::string& astrLanguageTag) {
+    SaveProgramSetting(kProductName, "UserInfo", "Language", astrLanguageTag);
+}
+
+std::vector<LanguageEntry> InstalledLanguages(const std::string& astrFolder) {
+    const std::string kNotProvided = "Not Provided";
+    std::vector<LanguageEntry> files;
+    bool blnEnglishFile = false;
+    WIN32_FIND_DATAA found;
+    FindHandle search(FindFirstFileA((astrFolder + "\\*.slf").c_str(), &found));
+    for (bool more = static_cast<bool>(search); more; more = FindNextFileA(search.Get(), &found)) {
+        if (found.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) continue;
+        const std::string name = found.cFileName;
+        const std::string path = astrFolder + "\\" + name;
+        // A file without the section is no language file: not offered.
+        char section[8] = "";
+        if (GetPrivateProfileSectionA("Language", section, sizeof section, path.c_str()) == 0)
+            continue;
+        auto value = [&](const char* key) {
+            const std::string text = ReadLanguageValue(path, "Language", key);
+            return text.empty() ? kNotProvided : text;
+        };
+        LanguageEntry entry{name.substr(0, name.size() - 4), value("Name"), value("Author"),
+                            value("AuthorURL")};
+        if (ToLower(entry.Tag) == "en-us") blnEnglishFile = true;
+        files.push_back(std::move(entry));
+    }
+    std::sort(files.begin(), files.end(),
+              [](const LanguageEntry& a, const LanguageEntry& b) { return a.Name < b.Name; });
+    std::vector<LanguageEntry> entries;
+    if (!blnEnglishFile)
+        entries.push_back({kDefaultLanguage, "English (United States)", RWZ_PRODUCT_NAME,
+                           "http://www.roamwise.example/"});
+    entries.insert(entries.end(), files.begin(), files.end());
+    return entries;
 }
 
 std::string BuiltInMessageText(int16_t aintKey) {
@@ -54,8 +108,7 @@ std::string ControlArrayKey(const std::string& astrTag, int aintIndex) {
 clsLocalization::clsLocalization() {
     Procedure proc("clsLocalization", "Class_Initialize");
     proc.Run([&] {
-        mstrLanguageFile = LanguageFilePath(
-            GetProgramSetting(kProductName, "UserInfo", "Language", kDefaultLanguage));
+        mstrLanguageFile = LanguageFilePath(CurrentLanguageTag());
         proc.LogValue(mstrLanguageFile);
     });
 }
@@ -73,7 +126,7 @@ std::string clsLocalization::ReadKey(const std::string& astrSection,
                                      const std::string& astrKey) const {
     // An empty path would make the system read its own WIN.INI instead.
     if (mstrLanguageFile.empty()) return std::string();
-    return StripNulls(ReadProfileString(mstrLanguageFile, astrSection, astrKey, ""));
+    return ReadLanguageValue(mstrLanguageFile, astrSection, astrKey);
 }
 
 std::string clsLocalization::GetMessageText(int16_t aintKey,

@@ -58,6 +58,19 @@ class clsLocalization {
 // The language file of a tag: program folder + "\" + tag + ".slf".
 std::string LanguageFilePath(const std::string& astrLanguageTag);
 
+// The language tag chosen in the settings ("UserInfo"/"Language", default "en-US").
+std::string CurrentLanguageTag();
+void SetCurrentLanguageTag(const std::string& astrLanguageTag);
+
+// One language the user can choose: a language file, or the built-in English.
+struct LanguageEntry {
+    std::string Tag;                      // the file's name without ".slf"
+    std::string Name, Author, AuthorURL;  // "Not Provided" where the file has none
+};
+// The built-in English first (unless an "en-us.slf" stands in for it), then one
+// entry per "*.slf" file in `astrFolder` that has a [Language] section, by name.
+std::vector<LanguageEntry> InstalledLanguages(const std::string& astrFolder);
+
 // The program's own text of message `aintKey`; "" for a number it lacks.
 std::string BuiltInMessageText(int16_t aintKey);
 

@@ -20,9 +20,11 @@ void Procedure::LogValue(const std::string& value) const {
     WriteLog(std::string(mObject) + " - " + mName + " = " + value, kLogDebug);
 }
 
-void Procedure::Fail(const std::exception& error) const {
-    Err::RecordException(error);
-    LogError(Where());
+ErrorInfo Procedure::Fail(const std::exception& error) const {
+    ErrorInfo info = ErrorOf(error);
+    Err::Record(info);  // for the code that still reads the last error
+    LogError(info, Where());
+    return info;
 }
 
 }  // namespace rwz

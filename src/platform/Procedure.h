@@ -33,8 +33,8 @@ class Procedure {
     // "object - name = value" at level Debug.
     void LogValue(const std::string& value) const;
 
-    // Runs the body. An error becomes the pending error, is logged here and
-    // stopped: the procedure yields a default value (or `fallback`).
+    // Runs the body. An error is logged here and stopped: the procedure yields
+    // a default value (or `fallback`).
     template <class Body>
     auto Run(Body&& body) const {
         using R = std::invoke_result_t<Body&>;
@@ -56,15 +56,19 @@ class Procedure {
         return fallback;
     }
 
-    // As Run, then calls onError() after logging and yields what it returns.
+    // As Run, then calls onError(error) after logging and yields what it returns.
     template <class Body, class OnError>
     auto RunThen(Body&& body, OnError&& onError) const {
+        ErrorInfo info;
         try {
             return body();
         } catch (const std::exception& error) {
-            Fail(error);
+            info = Fail(error);
         }
-        return onError();
+        if constexpr (std::is_invocable_v<OnError&, const ErrorInfo&>)
+            return onError(info);
+        else
+            return onError();
     }
 
     // Runs the body; an error is logged here and then passed on to the caller.
@@ -74,12 +78,13 @@ class Procedure {
             return body();
         } catch (const std::exception& error) {
             Fail(error);
-            throw RwzError(Err::Pending());
+            throw;
         }
     }
 
   private:
-    void Fail(const std::exception& error) const;
+    // Logs the error under Where() and returns it.
+    ErrorInfo Fail(const std::exception& error) const;
 
     const char* mObject;
     const char* mName;

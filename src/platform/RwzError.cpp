@@ -8,6 +8,13 @@ namespace rwz {
 RwzError::RwzError(int32_t number, std::string source, std::string description)
     : mInfo{number, std::move(source), std::move(description)} {}
 
+ErrorInfo ErrorOf(const std::exception& error) {
+    if (auto* own = dynamic_cast<const RwzError*>(&error)) return own->Info();
+    if (dynamic_cast<const std::bad_alloc*>(&error))
+        return ErrorInfo{kErrOutOfMemory, "Rwz", RuntimeErrorText(kErrOutOfMemory)};
+    return ErrorInfo{kErrInternal, "Rwz", error.what()};
+}
+
 namespace {
 ErrorInfo gPending;
 }
@@ -41,13 +48,7 @@ void Raise(int32_t number, std::string source, std::string description) {
 }
 
 void RecordException(const std::exception& error) {
-    if (auto* own = dynamic_cast<const RwzError*>(&error)) {
-        Record(own->Info());
-    } else if (dynamic_cast<const std::bad_alloc*>(&error)) {
-        Record(kErrOutOfMemory, "Rwz", RuntimeErrorText(kErrOutOfMemory));
-    } else {
-        Record(kErrInternal, "Rwz", error.what());
-    }
+    gPending = ErrorOf(error);
 }
 
 void Clear() {
@@ -88,7 +89,7 @@ std::string RuntimeErrorText(int32_t number) {
 }
 
 void RaiseRuntimeError(int32_t number, const std::string& source) {
-    Err::Raise(number, source, RuntimeErrorText(number));
+    throw RwzError(number, source, RuntimeErrorText(number));
 }
 
 }  // namespace rwz

@@ -1,7 +1,9 @@
 // The program's error model: every failure has a number, a source and a
-// description. A procedure either raises it to its caller (throws RwzError) or
-// only records it; in both cases it becomes the pending error that LogError
-// reports and that the caller may inspect, until it is cleared.
+// description. It is raised once (throw RwzError) and handled in the exit block
+// of a procedure (Procedure.h), which logs it; a caller that needs the error
+// gets it from the catch, never from a global.
+//
+//   if (!file) throw RwzError(kErrFileNotFound, "modProfileIO", "File not found");
 #pragma once
 
 #include <cstdint>
@@ -52,7 +54,12 @@ class RwzError : public std::exception {
     ErrorInfo mInfo;
 };
 
-// The pending error of the (single) user-interface thread.
+// Any exception as the program's error: an RwzError as it is, anything else as
+// the runtime error that best describes it.
+ErrorInfo ErrorOf(const std::exception& error);
+
+// The last error a procedure's exit block logged. Kept only for the code that
+// still reads it instead of catching; nothing new uses it.
 namespace Err {
 
 const ErrorInfo& Pending();
@@ -65,8 +72,6 @@ void Record(int32_t number, std::string source, std::string description);
 void Record(const ErrorInfo& info);
 // Records an error and raises it.
 [[noreturn]] void Raise(int32_t number, std::string source, std::string description);
-// Makes the given exception the pending error: an RwzError as it is, anything
-// else as the runtime error that best describes it.
 void RecordException(const std::exception& error);
 void Clear();
 

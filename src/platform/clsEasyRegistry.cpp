@@ -56,18 +56,18 @@ const char* ResultDescription(long alngResult) {
 [[noreturn]] void RaiseInternal(int aintError) {
     switch (aintError) {
         case kRegistryNoCurrentKey:
-            Err::Raise(kObjectError + 1, kSource, "No current Key.");
+            throw RwzError(kObjectError + 1, kSource, "No current Key.");
         case kRegistryInvalidRoot:
-            Err::Raise(kObjectError + 2, kSource, "Invalid Key root.");
+            throw RwzError(kObjectError + 2, kSource, "Invalid Key root.");
         case kRegistryTypeMismatch:
-            Err::Raise(kObjectError + 3, kLetValueOfSource,
-                       "Type passed doesn't match Value passed.");
+            throw RwzError(kObjectError + 3, kLetValueOfSource,
+                           "Type passed doesn't match Value passed.");
         case kRegistryUnknownType:
-            Err::Raise(kObjectError + 4, kLetValueOfSource,
-                       "Type passed doesn't exist. Use STRING, DWORD or BINARY.");
+            throw RwzError(kObjectError + 4, kLetValueOfSource,
+                           "Type passed doesn't exist. Use STRING, DWORD or BINARY.");
         default:
-            Err::Raise(kObjectError + 255, kSource,
-                       "Undefined error number : " + std::to_string(aintError));
+            throw RwzError(kObjectError + 255, kSource,
+                           "Undefined error number : " + std::to_string(aintError));
     }
 }
 
@@ -104,7 +104,7 @@ RegistryValue ValueFromData(DWORD alngType, std::vector<uint8_t> data) {
 
 clsEasyRegistry::~clsEasyRegistry() {
     if (mstrPath.empty()) return;
-    // While an error unwinds, the pending error is the caller's: close quietly.
+    // While an error unwinds, that error is the one to report: close quietly.
     if (std::uncaught_exceptions() > 0 || !mhKey) {
         mhKey.Close();
         return;
@@ -112,7 +112,7 @@ clsEasyRegistry::~clsEasyRegistry() {
     try {
         CheckResult(mhKey.Close());
     } catch (...) {
-        // A destructor must not throw; the failure stays in the pending error.
+        // A destructor must not throw; a failure to close loses nothing.
     }
 }
 
@@ -122,15 +122,8 @@ void clsEasyRegistry::SetCurrentKey(const std::string& astrPath) {
 
 void clsEasyRegistry::CheckResult(long alngResult) {
     mlngLastError = alngResult;
-    if (alngResult == ERROR_SUCCESS) {
-        Err::Clear();
-        return;
-    }
-    if (!mblnSuppressErrors) {
-        Err::Raise(kRegistryApiError, kApiSource, ResultDescription(alngResult));
-    }
-    // Only recorded: the pending error's number stays as it was.
-    Err::Record(Err::Number(), kApiSource, ResultDescription(alngResult));
+    if (alngResult == ERROR_SUCCESS || mblnSuppressErrors) return;
+    throw RwzError(kRegistryApiError, kApiSource, ResultDescription(alngResult));
 }
 
 void clsEasyRegistry::OpenKey(const std::string& astrPath, REGSAM alngAccess) {

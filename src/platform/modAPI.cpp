@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "platform/Procedure.h"
-#include "platform/clsEasyRegistry.h"
+#include "platform/modRegistry.h"
 #include "platform/modUtilities.h"
 
 namespace rwz {
@@ -21,11 +21,7 @@ const char kAppPaths[] =
 
 // The program file registered under an "App Paths" key; "" when there is none.
 std::string AppPath(const std::string& astrExe) {
-    clsEasyRegistry registry;
-    registry.SetSuppressErrors(true);
-    registry.SetCurrentKey(kAppPaths + astrExe);
-    if (registry.LastError() != 0) return std::string();
-    return registry.ValueOf("").Text;
+    return reg::ReadText(kAppPaths + astrExe, "").value_or(std::string());
 }
 
 std::string VersionOfProgram(const std::string& astrPath) {

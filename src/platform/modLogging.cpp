@@ -97,10 +97,13 @@ void WriteLog(const std::string& message, int level) {
     WriteFile(file.Get(), line.data(), static_cast<DWORD>(line.size()), &written, nullptr);
 }
 
-void LogError(const std::string& where) {
-    const ErrorInfo& pending = Err::Pending();
-    std::string text = pending.Description + " (" + std::to_string(pending.Number) + ") : " + where;
+void LogError(const ErrorInfo& error, const std::string& where) {
+    std::string text = error.Description + " (" + std::to_string(error.Number) + ") : " + where;
     WriteLog(Trim(text), kLogError);
+}
+
+void LogError(const std::string& where) {
+    LogError(Err::Pending(), where);
 }
 
 }  // namespace rwz

@@ -5,6 +5,8 @@
 
 #include <string>
 
+#include "platform/RwzError.h"
+
 namespace rwz {
 
 enum LogLevel : int {
@@ -24,7 +26,9 @@ void WriteLogHeader();
 // Appends one line. Never fails: a line that cannot be written is lost.
 void WriteLog(const std::string& message, int level);
 
-// Appends the pending error as an ERROR line: description (number) : where.
+// Appends an error as an ERROR line: description (number) : where.
+void LogError(const ErrorInfo& error, const std::string& where);
+// The same for the last error an exit block logged (for code that still reads it).
 void LogError(const std::string& where);
 
 // The texts of one log line and of the header's date, for the given clock.

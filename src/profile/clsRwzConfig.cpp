@@ -2,7 +2,6 @@
 
 #include <windows.h>
 
-#include "localization/modLocalization.h"
 #include "platform/DoEvents.h"
 #include "platform/Procedure.h"
 #include "platform/WaitCursor.h"
@@ -16,9 +15,6 @@ namespace {
 
 const char kObject[] = "clsRwzConfig";
 
-// Message 34: the system is not one the program supports.
-constexpr int16_t kMsgUnsupportedSystem = 34;
-
 // The browsers in the order they are applied, with their window classes.
 struct BrowserArea {
     IBrowser* backEnd;
@@ -29,14 +25,14 @@ struct BrowserArea {
 
 }  // namespace
 
+UnsupportedSystemError::UnsupportedSystemError()
+    : RwzError(kObjectError + 34, kObject, "The operating system is not supported.") {}
+
 clsRwzConfig::clsRwzConfig() {
     WriteLog(std::string(kObject) + " - Class_Initialize", kLogDebug);
+    const std::string tag = GetCurrentOSTag();
+    if (OSFamilyOf(tag) == OSFamily::Unsupported) throw UnsupportedSystemError();
     try {
-        const std::string tag = GetCurrentOSTag();
-        if (tag != kOS9x && tag != kOSNT && tag != kOS2K && tag != kOSXP && tag != kOS2003) {
-            ShowMessage(MessageText(kMsgUnsupportedSystem), MB_OK | MB_ICONINFORMATION);
-            ExitProcess(0);
-        }
         mobjNet = CreateNetConfig(tag);
         if (!mobjNet) {
             WriteLog(std::string(kObject) + " - Class_Initialize: no network settings for " + tag,
@@ -48,9 +44,8 @@ clsRwzConfig::clsRwzConfig() {
         mstrConfFile.clear();
         LoadCurrentConfiguration();
     } catch (const std::exception& error) {
-        Err::RecordException(error);
-        LogError(std::string(kObject) + ":Initialize");
-        throw RwzError(Err::Pending());
+        LogError(ErrorOf(error), std::string(kObject) + ":Initialize");
+        throw;
     }
 }
 
@@ -105,8 +100,8 @@ int clsRwzConfig::LoadConfigurationFile(const std::string& astrFile,
     return LoadProfileFile(proc.Where(), astrFile, mSettings, SectionOwners(acolAddIns));
 }
 
-int clsRwzConfig::SaveConfigurationFile(const std::string& astrFile,
-                                        const AddInCollection& acolAddIns) {
+std::optional<ErrorInfo> clsRwzConfig::SaveConfigurationFile(const std::string& astrFile,
+                                                             const AddInCollection& acolAddIns) {
     Procedure proc(kObject, "SaveConfigurationFile");
     mstrConfFile = astrFile;
     return SaveProfileFile(proc.Where(), astrFile, mSettings, SectionOwners(acolAddIns));
@@ -122,7 +117,8 @@ void clsRwzConfig::SaveAdvancedSettings() {
     proc.Run([&] { WriteAdvancedSettings(mstrConfFile, mSettings); });
 }
 
-bool clsRwzConfig::ApplyConfiguration(const AddInCollection& acolAddIns) {
+bool clsRwzConfig::ApplyConfiguration(const AddInCollection& acolAddIns,
+                                      const CloseBrowserQuestion& askCloseBrowser) {
     Procedure proc(kObject, "ApplyConfiguration");
     return proc.Run([&] {
         bool restart = false;
@@ -137,11 +133,9 @@ bool clsRwzConfig::ApplyConfiguration(const AddInCollection& acolAddIns) {
             if (!area.backEnd || !area.apply) continue;
             // An area that does not differ from the browser is left alone: no question either.
             if (!area.backEnd->IsModified()) continue;
-            if (FindWindowA(area.windowClass, nullptr)) {
-                const int answer = ShowMessage(RunningBrowserQuestion(area.name),
-                                               MB_YESNO | MB_ICONQUESTION, "Apply Configuration");
-                if (answer == IDYES) CloseBrowserWindows(area.windowClass);
-            }
+            if (FindWindowA(area.windowClass, nullptr) && askCloseBrowser &&
+                askCloseBrowser(area.name))
+                CloseBrowserWindows(area.windowClass);
             area.backEnd->ApplyConfiguration();
         }
 
@@ -153,17 +147,6 @@ bool clsRwzConfig::ApplyConfiguration(const AddInCollection& acolAddIns) {
         }
         return restart;
     });
-}
-
-std::string RunningBrowserQuestion(const std::string& astrBrowser) {
-    const std::string crlf2 = "\r\n\r\n";
-    std::string text = astrBrowser + " is currently running.  Any changes applied while " +
-                       astrBrowser + " is open may not be retained when you close your browser." +
-                       crlf2;
-    if (astrBrowser == "Netscape")
-        text += "Note: If Quick Launch is running, it must be closed before applying any changes." +
-                crlf2;
-    return text + "Would you like Roamwise to close your browser before " + "applying the changes?";
 }
 
 void CloseBrowserWindows(const char* aszWindowClass) {

@@ -4,7 +4,9 @@
 // a profile to the machine area by area.
 #pragma once
 
+#include <functional>
 #include <memory>
+#include <optional>
 #include <string>
 
 #include "browsers/IBrowser.h"
@@ -14,11 +16,21 @@
 
 namespace rwz {
 
+// Raised, unlogged, by the profile object's creation on a system the program
+// does not support; the creator tells the user and ends the program.
+class UnsupportedSystemError : public RwzError {
+  public:
+    UnsupportedSystemError();
+};
+
+// Asked before applying to a browser whose window is open ("Internet Explorer",
+// "Netscape" or "Opera"): true closes the browser first.
+using CloseBrowserQuestion = std::function<bool(const std::string& astrBrowser)>;
+
 class clsRwzConfig {
   public:
     // Chooses the back ends for the running system and reads the machine's
-    // current configuration. Errors are logged and raised to the creator; an
-    // unsupported system shows message 34 and ends the program.
+    // current configuration. Errors are logged and raised to the creator.
     clsRwzConfig();
     ~clsRwzConfig();
     clsRwzConfig(const clsRwzConfig&) = delete;
@@ -55,10 +67,12 @@ class clsRwzConfig {
 
     // Reads a profile file over the current settings. Always 0.
     int LoadConfigurationFile(const std::string& astrFile, const AddInCollection& acolAddIns);
-    // Writes the profile file. 1 on success; 0 after telling the user why not.
-    int SaveConfigurationFile(const std::string& astrFile, const AddInCollection& acolAddIns);
+    // Writes the profile file. Nothing on success, else the error (see SaveProfileFile).
+    std::optional<ErrorInfo> SaveConfigurationFile(const std::string& astrFile,
+                                                   const AddInCollection& acolAddIns);
     // Applies the enabled, modified areas. True when an add-in needs a restart.
-    bool ApplyConfiguration(const AddInCollection& acolAddIns);
+    bool ApplyConfiguration(const AddInCollection& acolAddIns,
+                            const CloseBrowserQuestion& askCloseBrowser);
 
     // The installed-browser bounds are exclusive: exactly 3.0, 4.0 or 7.0 is
     // not installed.
@@ -77,10 +91,6 @@ class clsRwzConfig {
     std::unique_ptr<IBrowser> mobjNN;
     std::unique_ptr<IBrowser> mobjOpera;
 };
-
-// The question asked before applying to a running browser ("Internet
-// Explorer", "Netscape" or "Opera").
-std::string RunningBrowserQuestion(const std::string& astrBrowser);
 
 // Closes every top-level window of the class, waiting (and keeping the window
 // responsive) until none is left.

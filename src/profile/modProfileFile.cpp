@@ -2,7 +2,6 @@
 
 #include <windows.h>
 
-#include "localization/modLocalization.h"
 #include "platform/AppVersion.h"
 #include "platform/Procedure.h"
 #include "platform/Win32Handles.h"
@@ -220,27 +219,19 @@ void ReadProfileFile(const std::string& astrFile, ProfileFileSettings& aSettings
     }
 }
 
-std::string SaveFailureText(const ErrorInfo& aError, const std::string& astrFile) {
-    if (aError.Number == kErrPathFileAccess) {
-        return JoinMessages({MessageText(35, {astrFile}), MessageText(36)});
-    }
-    return "Error: " + aError.Description;
-}
-
-int SaveProfileFile(const std::string& astrWhere, const std::string& astrFile,
-                    const ProfileFileSettings& aSettings,
-                    const std::vector<ProfileSectionOwner>& aOwners) {
+std::optional<ErrorInfo> SaveProfileFile(const std::string& astrWhere, const std::string& astrFile,
+                                         const ProfileFileSettings& aSettings,
+                                         const std::vector<ProfileSectionOwner>& aOwners) {
     Procedure proc("modProfileFile", "SaveProfileFile");
     try {
         WriteProfileFile(astrFile, aSettings, aOwners);
-        return 1;
+        return std::nullopt;
     } catch (const std::exception& error) {
-        Err::RecordException(error);
+        const ErrorInfo info = ErrorOf(error);
+        // A file that cannot be written is the user's business, not a fault.
+        if (info.Number != kErrPathFileAccess) LogError(info, astrWhere);
+        return info;
     }
-    const ErrorInfo info = Err::Pending();
-    if (info.Number != kErrPathFileAccess) LogError(astrWhere);
-    ShowMessage(SaveFailureText(info, astrFile), MB_OK | MB_ICONEXCLAMATION);
-    return 0;
 }
 
 int LoadProfileFile(const std::string& astrWhere, const std::string& astrFile,
@@ -250,8 +241,7 @@ int LoadProfileFile(const std::string& astrWhere, const std::string& astrFile,
     try {
         ReadProfileFile(astrFile, aSettings, aOwners);
     } catch (const std::exception& error) {
-        Err::RecordException(error);
-        LogError(astrWhere);
+        LogError(ErrorOf(error), astrWhere);
     }
     return 0;
 }

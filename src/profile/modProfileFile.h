@@ -8,6 +8,7 @@
 #pragma once
 
 #include <functional>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -85,16 +86,13 @@ void WriteProfileFile(const std::string& astrFile, const ProfileFileSettings& aS
 void ReadProfileFile(const std::string& astrFile, ProfileFileSettings& aSettings,
                      const std::vector<ProfileSectionOwner>& aOwners);
 
-// What the user is told when saving failed: messages 35 and 36 for a file that
-// cannot be written (error 75), otherwise "Error: " and the description.
-std::string SaveFailureText(const ErrorInfo& aError, const std::string& astrFile);
-
-// WriteProfileFile as the profile object's save reports it: 1 on success; on
-// failure a message box (exclamation icon, title "Roamwise") and 0. Errors
-// other than 75 are logged under `astrWhere` ("clsRwzConfig:SaveConfigurationFile").
-int SaveProfileFile(const std::string& astrWhere, const std::string& astrFile,
-                    const ProfileFileSettings& aSettings,
-                    const std::vector<ProfileSectionOwner>& aOwners);
+// WriteProfileFile as the profile object's save reports it: nothing on success,
+// the error on failure, for the caller to tell the user.
+// Errors other than 75 are logged under `astrWhere`
+// ("clsRwzConfig:SaveConfigurationFile").
+std::optional<ErrorInfo> SaveProfileFile(const std::string& astrWhere, const std::string& astrFile,
+                                         const ProfileFileSettings& aSettings,
+                                         const std::vector<ProfileSectionOwner>& aOwners);
 // ReadProfileFile with every error logged under `astrWhere` and stopped there;
 // the result is 0 whatever happened.
 int LoadProfileFile(const std::string& astrWhere, const std::string& astrFile,

@@ -7,15 +7,9 @@ namespace rwz {
 clsTabPage::clsTabPage(const char* aszTemplate, std::string astrCaption)
     : mszTemplate(aszTemplate), mstrCaption(std::move(astrCaption)) {}
 
-clsTabPage::~clsTabPage() {
-    if (mhWnd) DestroyWindow(mhWnd);
-}
-
 bool clsTabPage::Create(HINSTANCE instance, HWND parent, ITabHost& host) {
     mpHost = &host;
-    mhWnd = CreateDialogParamA(instance, mszTemplate, parent, DialogProc,
-                               reinterpret_cast<LPARAM>(this));
-    return mhWnd != nullptr;
+    return clsDialog::Create(mszTemplate, parent, instance);
 }
 
 void clsTabPage::Refill(clsRwzConfig&, bool ablnAssign) {
@@ -29,26 +23,21 @@ void clsTabPage::SetAvailable(bool ablnAvailable) {
     if (ablnAvailable) UpdateEnabling();
 }
 
-INT_PTR CALLBACK clsTabPage::DialogProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
-    if (message == WM_INITDIALOG) {
-        auto* page = reinterpret_cast<clsTabPage*>(lParam);
-        SetWindowLongPtrA(window, DWLP_USER, lParam);
-        page->mhWnd = window;
-        page->OnCreate();
-        return TRUE;
+bool clsTabPage::OnInit() {
+    OnCreate();
+    return true;
+}
+
+bool clsTabPage::OnCommand(int aintId, int aintCode, HWND control) {
+    const WPARAM wParam = MAKEWPARAM(aintId, aintCode);
+    const LPARAM lParam = reinterpret_cast<LPARAM>(control);
+    if (mBindings.OnCommand(mhWnd, wParam, lParam)) {
+        UpdateEnabling();
+        Host().PageEdited();
+    } else {
+        OnCommand(wParam, lParam);
     }
-    auto* page = reinterpret_cast<clsTabPage*>(GetWindowLongPtrA(window, DWLP_USER));
-    if (!page) return FALSE;
-    if (message == WM_COMMAND) {
-        if (page->mBindings.OnCommand(window, wParam, lParam)) {
-            page->UpdateEnabling();
-            page->Host().PageEdited();
-        } else {
-            page->OnCommand(wParam, lParam);
-        }
-        return TRUE;
-    }
-    return FALSE;
+    return true;
 }
 
 }  // namespace rwz

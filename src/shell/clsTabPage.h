@@ -8,6 +8,7 @@
 #include <string>
 
 #include "shell/FieldBindings.h"
+#include "shell/clsDialog.h"
 
 namespace rwz {
 
@@ -21,16 +22,12 @@ class ITabHost {
     virtual void PageEdited() = 0;
 };
 
-class clsTabPage {
+class clsTabPage : public clsDialog {
   public:
     clsTabPage(const char* aszTemplate, std::string astrCaption);
-    virtual ~clsTabPage();
-    clsTabPage(const clsTabPage&) = delete;
-    clsTabPage& operator=(const clsTabPage&) = delete;
 
     // Creates the page as a hidden child of `parent`.
     bool Create(HINSTANCE instance, HWND parent, ITabHost& host);
-    HWND Handle() const { return mhWnd; }
     const std::string& Caption() const { return mstrCaption; }
 
     // Shows the profile's settings. With `ablnAssign` (a profile was opened) a
@@ -45,17 +42,18 @@ class clsTabPage {
     // Called once the dialog exists: bind the fields, fill fixed lists.
     virtual void OnCreate() {}
     // A control notification that no binding took.
-    virtual void OnCommand(WPARAM wParam, LPARAM lParam) {}
+    using clsDialog::OnCommand;
+    virtual void OnCommand(WPARAM /*wParam*/, LPARAM /*lParam*/) {}
     // Greys the controls that the values shown leave unused. Called after each
     // edit of a bound control and when the page becomes available again.
     virtual void UpdateEnabling() {}
 
     ITabHost& Host() { return *mpHost; }
     FieldBindings mBindings;
-    HWND mhWnd = nullptr;
 
   private:
-    static INT_PTR CALLBACK DialogProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
+    bool OnInit() override;
+    bool OnCommand(int aintId, int aintCode, HWND control) override;
 
     const char* mszTemplate;
     std::string mstrCaption;

@@ -14,13 +14,6 @@ const char kTag[] = "LogonCred";
 // The error raised when the dialog cannot be created.
 const int32_t kDialogFailed = 5;
 
-std::string ItemText(HWND control) {
-    const int length = GetWindowTextLengthA(control);
-    std::string text(static_cast<size_t>(length) + 1, '\0');
-    text.resize(static_cast<size_t>(GetWindowTextA(control, &text[0], length + 1)));
-    return text;
-}
-
 }  // namespace
 
 bool IsPromptPlaceholder(const std::string& astrValue) {
@@ -30,47 +23,20 @@ bool IsPromptPlaceholder(const std::string& astrValue) {
 
 INT_PTR frmCredentials::Show(HWND owner) {
     mblnCancelled = true;
-    return DialogBoxParamA(GetModuleHandleA(nullptr), "CREDENTIALS", owner, DialogProc,
-                           reinterpret_cast<LPARAM>(this));
+    return DoModal("CREDENTIALS", owner);
 }
 
-INT_PTR CALLBACK frmCredentials::DialogProc(HWND window, UINT message, WPARAM wParam,
-                                            LPARAM lParam) {
-    if (message == WM_INITDIALOG) {
-        SetWindowLongPtrA(window, DWLP_USER, lParam);
-        reinterpret_cast<frmCredentials*>(lParam)->mhWnd = window;
-    }
-    auto* form = reinterpret_cast<frmCredentials*>(GetWindowLongPtrA(window, DWLP_USER));
-    if (!form) return FALSE;
-    const INT_PTR result = form->HandleMessage(message, wParam, lParam);
-    if (message == WM_NCDESTROY) form->mhWnd = nullptr;
-    return result;
+bool frmCredentials::OnInit() {
+    Form_Load();
+    return true;
 }
 
-INT_PTR frmCredentials::HandleMessage(UINT message, WPARAM wParam, LPARAM) {
-    switch (message) {
-        case WM_INITDIALOG:
-            Form_Load();
-            return TRUE;
-        case WM_COMMAND:
-            if (HIWORD(wParam) != BN_CLICKED) return FALSE;
-            switch (LOWORD(wParam)) {
-                case IDOK:
-                    cmdButton_Click(0);
-                    return TRUE;
-                case IDCANCEL:
-                    cmdButton_Click(1);
-                    return TRUE;
-                case IDC_CRED_CHECK0:
-                    chkOption_Click();
-                    return TRUE;
-            }
-            return FALSE;
-        case WM_CLOSE:
-            cmdButton_Click(1);
-            return TRUE;
+bool frmCredentials::OnCommand(int aintId, int aintCode, HWND control) {
+    if (aintId == IDC_CRED_CHECK0 && aintCode == BN_CLICKED) {
+        chkOption_Click();
+        return true;
     }
-    return FALSE;
+    return clsDialog::OnCommand(aintId, aintCode, control);
 }
 
 void frmCredentials::Form_Load() {
@@ -82,10 +48,9 @@ void frmCredentials::Form_Load() {
                                                "Labels", kTag);
         objLocalization.SetControlArrayCaption({Item(IDOK), Item(IDCANCEL)}, "Buttons", kTag);
         objLocalization.SetControlArrayCaption({Item(IDC_CRED_CHECK0)}, "Checkboxes", kTag);
-        SetDlgItemTextA(mhWnd, IDC_CRED_TEXT0, mstrUserName.c_str());
-        SetDlgItemTextA(mhWnd, IDC_CRED_TEXT1, mstrPassword.c_str());
-        CheckDlgButton(mhWnd, IDC_CRED_CHECK0,
-                       mblnPromptForCredentials ? BST_CHECKED : BST_UNCHECKED);
+        SetItemText(IDC_CRED_TEXT0, mstrUserName);
+        SetItemText(IDC_CRED_TEXT1, mstrPassword);
+        SetChecked(IDC_CRED_CHECK0, mblnPromptForCredentials);
         ShowWindow(Item(IDC_CRED_CHECK0), mblnShowPrompt ? SW_SHOW : SW_HIDE);
         chkOption_Click();
     });
@@ -93,20 +58,19 @@ void frmCredentials::Form_Load() {
 
 void frmCredentials::chkOption_Click() {
     // The fields are not needed when the account is asked for at each apply.
-    const bool prompt = mblnShowPrompt && IsDlgButtonChecked(mhWnd, IDC_CRED_CHECK0) == BST_CHECKED;
+    const bool prompt = mblnShowPrompt && IsChecked(IDC_CRED_CHECK0);
     for (int id : {IDC_CRED_LABEL0, IDC_CRED_TEXT0, IDC_CRED_LABEL1, IDC_CRED_TEXT1})
-        EnableWindow(Item(id), !prompt);
+        EnableItem(id, !prompt);
 }
 
 void frmCredentials::cmdButton_Click(int aintIndex) {
     mblnCancelled = aintIndex != 0;
     if (!mblnCancelled) {
-        mstrUserName = ItemText(Item(IDC_CRED_TEXT0));
-        mstrPassword = ItemText(Item(IDC_CRED_TEXT1));
-        mblnPromptForCredentials =
-            mblnShowPrompt && IsDlgButtonChecked(mhWnd, IDC_CRED_CHECK0) == BST_CHECKED;
+        mstrUserName = ItemText(IDC_CRED_TEXT0);
+        mstrPassword = ItemText(IDC_CRED_TEXT1);
+        mblnPromptForCredentials = mblnShowPrompt && IsChecked(IDC_CRED_CHECK0);
     }
-    EndDialog(mhWnd, mblnCancelled ? IDCANCEL : IDOK);
+    End(mblnCancelled ? IDCANCEL : IDOK);
 }
 
 void ModifyCredentials(INetConfig& aobjNet, HWND owner) {
@@ -122,7 +86,8 @@ void ModifyCredentials(INetConfig& aobjNet, HWND owner) {
             form.SetPromptForCredentials(false);
         }
         if (form.Show(owner) < 0)
-            Err::Raise(kDialogFailed, "frmCredentials", "The credentials dialog cannot be shown.");
+            throw RwzError(kDialogFailed, "frmCredentials",
+                           "The credentials dialog cannot be shown.");
         if (form.Cancelled()) return;
         if (form.PromptForCredentials()) {
             aobjNet.SetNTDomainUserName(kPromptPlaceholder);
@@ -141,7 +106,8 @@ bool PromptForCredentials(INetConfig& aobjNet, HWND owner) {
         frmCredentials form;
         form.SetShowPrompt(false);
         if (form.Show(owner) < 0)
-            Err::Raise(kDialogFailed, "frmCredentials", "The credentials dialog cannot be shown.");
+            throw RwzError(kDialogFailed, "frmCredentials",
+                           "The credentials dialog cannot be shown.");
         if (form.Cancelled()) return;
         blnCancelled = false;
         aobjNet.SetNTDomainUserName(form.UserName());

@@ -11,6 +11,7 @@
 #include <string>
 
 #include "network/INetConfig.h"
+#include "shell/clsDialog.h"
 
 namespace rwz {
 
@@ -21,12 +22,8 @@ inline constexpr const char* kPromptPlaceholder = "{Prompt}";
 // with or without blanks around it.
 bool IsPromptPlaceholder(const std::string& astrValue);
 
-class frmCredentials {
+class frmCredentials : public clsDialog {
   public:
-    frmCredentials() = default;
-    frmCredentials(const frmCredentials&) = delete;
-    frmCredentials& operator=(const frmCredentials&) = delete;
-
     // Closed with Cancel (or not shown at all).
     bool Cancelled() const { return mblnCancelled; }
     const std::string& UserName() const { return mstrUserName; }
@@ -44,15 +41,15 @@ class frmCredentials {
     INT_PTR Show(HWND owner);
 
   private:
-    static INT_PTR CALLBACK DialogProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
-    INT_PTR HandleMessage(UINT message, WPARAM wParam, LPARAM lParam);
+    bool OnInit() override;
+    bool OnCommand(int aintId, int aintCode, HWND control) override;
+    void OnOK() override { cmdButton_Click(0); }
+    void OnCancel() override { cmdButton_Click(1); }
     void Form_Load();
     // cmdButton(0) OK, (1) Cancel.
     void cmdButton_Click(int aintIndex);
     void chkOption_Click();
-    HWND Item(int aintId) const { return GetDlgItem(mhWnd, aintId); }
 
-    HWND mhWnd = nullptr;
     bool mblnCancelled = true;
     std::string mstrUserName;
     std::string mstrPassword;

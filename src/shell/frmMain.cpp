@@ -13,11 +13,14 @@
 #include "profile/clsRwzConfig.h"
 #include "profile/modRestart.h"
 #include "report/clsSettings.h"
+#include "shell/frmAbout.h"
 #include "shell/frmExplorerTab.h"
 #include "shell/frmGeneralTab.h"
+#include "shell/frmLanguage.h"
 #include "shell/frmMainRes.h"
 #include "shell/frmNetscapeTab.h"
 #include "shell/frmOperaTab.h"
+#include "shell/frmOptions.h"
 #include "shell/frmRestart.h"
 #include "shell/RwzExitCode.h"
 #include "shell/modCommandLine.h"
@@ -38,6 +41,7 @@ const char kUnsupportedText[] =
 const char kCopyMutex[] = "Roamwise.MainWindow";
 
 constexpr int16_t kMsgCurrentConfiguration = 60;
+constexpr int16_t kMsgUnsupportedSystem = 34;
 
 // Toolbar buttons, in order; the area buttons switch an area of the profile on or off.
 struct ToolbarButton {
@@ -58,16 +62,44 @@ const ToolbarButton kToolbarButtons[] = {
 };
 const int kAreaCommands[] = {IDM_AREA_GENERAL, IDM_AREA_IE, IDM_AREA_NETSCAPE, IDM_AREA_OPERA};
 
-INT_PTR CALLBACK AboutProc(HWND dialog, UINT message, WPARAM wParam, LPARAM) {
-    if (message == WM_INITDIALOG) {
-        SetDlgItemTextA(dialog, IDC_ABOUT_VERSION, ("Version " + ProgramVersionText()).c_str());
-        return TRUE;
+// Collects the items of a menu and its sub-menus, depth first: a popup's own
+// caption before its items.
+template <class Item>
+void CollectMenuItems(HMENU menu, std::vector<Item>& items) {
+    const int count = GetMenuItemCount(menu);
+    for (int i = 0; i < count; ++i) {
+        MENUITEMINFOA info = {};
+        info.cbSize = sizeof info;
+        info.fMask = MIIM_TYPE | MIIM_SUBMENU | MIIM_ID;
+        if (!GetMenuItemInfoA(menu, i, TRUE, &info) || (info.fType & MFT_SEPARATOR)) continue;
+        char text[256] = "";
+        GetMenuStringA(menu, i, text, sizeof text, MF_BYPOSITION);
+        const bool popup = info.hSubMenu != nullptr;
+        items.push_back({menu, popup ? static_cast<UINT>(i) : info.wID, popup, text});
+        if (popup) CollectMenuItems(info.hSubMenu, items);
     }
-    if (message == WM_COMMAND && (LOWORD(wParam) == IDOK || LOWORD(wParam) == IDCANCEL)) {
-        EndDialog(dialog, LOWORD(wParam));
-        return TRUE;
-    }
-    return FALSE;
+}
+
+void SetMenuText(HMENU menu, UINT item, bool byPosition, const std::string& astrText) {
+    MENUITEMINFOA info = {};
+    info.cbSize = sizeof info;
+    info.fMask = MIIM_TYPE;
+    info.fType = MFT_STRING;
+    info.dwTypeData = const_cast<char*>(astrText.c_str());
+    SetMenuItemInfoA(menu, item, byPosition, &info);
+}
+
+// The tool tip of a toolbar button, by its command.
+void SetToolTip(HWND toolbar, int command, const std::string& astrText) {
+    HWND tips = reinterpret_cast<HWND>(SendMessageA(toolbar, TB_GETTOOLTIPS, 0, 0));
+    if (!tips) return;
+    std::string text = astrText;
+    TOOLINFOA tool = {};
+    tool.cbSize = TTTOOLINFOA_V1_SIZE;
+    tool.hwnd = toolbar;
+    tool.uId = static_cast<UINT_PTR>(command);
+    tool.lpszText = &text[0];
+    SendMessageA(tips, TTM_UPDATETIPTEXTA, 0, reinterpret_cast<LPARAM>(&tool));
 }
 
 // Widths of the status bar panels 2 to 4; panel 1 takes the rest.
@@ -115,10 +147,11 @@ bool frmMain::CreateMainWindow() {
     windowClass.hbrBackground = reinterpret_cast<HBRUSH>(COLOR_BTNFACE + 1);
     windowClass.lpszClassName = kWindowClass;
     RegisterClassA(&windowClass);
-    mhWnd =
-        CreateDialogParamA(mhInstance, "MAIN", nullptr, DialogProc, reinterpret_cast<LPARAM>(this));
-    if (!mhWnd) return false;
+    // Giving the first control the focus activates the window while it is
+    // created; a second copy is unloaded right there and goes on to end.
+    if (!Create("MAIN", nullptr, mhInstance) && !mblnUnloaded) return false;
     mhTabs = GetDlgItem(mhWnd, IDC_MAIN_TABS);
+    CollectMenuItems(GetMenu(mhWnd), mcolMenuCaptions);
     CreateBars();
     CreatePages();
     Layout();
@@ -215,52 +248,44 @@ void frmMain::Layout() {
     }
 }
 
-INT_PTR CALLBACK frmMain::DialogProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
-    if (message == WM_INITDIALOG) {
-        SetWindowLongPtrA(window, DWLP_USER, lParam);
-        reinterpret_cast<frmMain*>(lParam)->mhWnd = window;
-        return TRUE;
-    }
-    auto* form = reinterpret_cast<frmMain*>(GetWindowLongPtrA(window, DWLP_USER));
-    return form ? form->HandleMessage(message, wParam, lParam) : FALSE;
-}
-
-INT_PTR frmMain::HandleMessage(UINT message, WPARAM wParam, LPARAM lParam) {
+bool frmMain::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
     switch (message) {
-        case WM_COMMAND:
-            OnCommand(LOWORD(wParam));
-            return TRUE;
-        case WM_NOTIFY: {
-            const auto* header = reinterpret_cast<const NMHDR*>(lParam);
-            if (header->hwndFrom == mhTabs && header->code == TCN_SELCHANGE) {
-                const int selected = static_cast<int>(SendMessageA(mhTabs, TCM_GETCURSEL, 0, 0));
-                if (selected >= 0 && mblnInstalled[selected])
-                    SelectPage(selected);
-                else
-                    SelectFirstEnabledPage();
-            }
-            return TRUE;
-        }
         case WM_SIZE:
             Layout();
-            return TRUE;
+            return true;
         case WM_ACTIVATE:
             if (LOWORD(wParam) != WA_INACTIVE && !mblnActivated) {
                 mblnActivated = true;
                 OnFirstActivation();
             }
-            return FALSE;
+            return false;
         case WM_CLOSE:
             ExitApplication();
-            return TRUE;
+            return true;
         case WM_DESTROY:
             PostQuitMessage(0);
-            return TRUE;
+            return true;
     }
-    return FALSE;
+    return clsDialog::OnMessage(message, wParam, lParam);
 }
 
-void frmMain::OnCommand(int aintId) {
+bool frmMain::OnCommand(int aintId, int, HWND) {
+    RunCommand(aintId);
+    return true;
+}
+
+bool frmMain::OnNotify(const NMHDR& header, LRESULT&) {
+    if (header.hwndFrom == mhTabs && header.code == TCN_SELCHANGE) {
+        const int selected = static_cast<int>(SendMessageA(mhTabs, TCM_GETCURSEL, 0, 0));
+        if (selected >= 0 && mblnInstalled[selected])
+            SelectPage(selected);
+        else
+            SelectFirstEnabledPage();
+    }
+    return true;
+}
+
+void frmMain::RunCommand(int aintId) {
     if (aintId >= IDM_FILE_MRU_FIRST && aintId < IDM_FILE_MRU_FIRST + clsMRUList::kMaxFiles) {
         OpenMRUFile(aintId - IDM_FILE_MRU_FIRST);
         return;
@@ -283,6 +308,12 @@ void frmMain::OnCommand(int aintId) {
         case IDM_FILE_SHORTCUT:
             CreateDesktopShortcut(mhWnd, mobjConfig ? mobjConfig->ConfFile() : std::string());
             return;
+        case IDM_FILE_PRINTSETUP:
+            return PrintSetup();
+        case IDM_TOOLS_OPTIONS:
+            return ShowOptions();
+        case IDM_TOOLS_LANGUAGE:
+            return ShowLanguage();
         case IDM_FILE_EXIT:
             return ExitApplication();
         case IDM_HELP_CONTENTS:
@@ -304,16 +335,7 @@ void frmMain::Form_Load() {
         WaitCursor hourglass;
         mblnActivated = false;
 
-        // The language's captions: the tab names and the toolbar's tips.
-        for (int i = 0; i < kPageCount; ++i) {
-            std::string caption = Localization().GetLocalizedValue(
-                kObject, ControlArrayKey("Tab", i), false, mobjPages[i]->Caption());
-            TCITEMA item = {};
-            item.mask = TCIF_TEXT;
-            item.pszText = &caption[0];
-            SendMessageA(mhTabs, TCM_SETITEMA, i, reinterpret_cast<LPARAM>(&item));
-        }
-        Localization().SetToolbarTooltips(mhToolbar, kObject, "Toolbar");
+        ApplyLanguage();
 
         mstrOS = Trim(GetCurrentOSTag());
         if (mstrOS.empty()) {
@@ -356,13 +378,20 @@ void frmMain::InitializeForm() {
             mblnShowNICWarning =
                 GetProgramSetting(kProductName, kOptions, "NICWarning", "0") == "0";
             step(std::string("mblnShowNICWarning = ") + (mblnShowNICWarning ? "True" : "False"));
-            SetCaption("[" + MessageText(kMsgCurrentConfiguration) + "] - Roamwise");
+            UpdateCaption();
 
             mblnLoading = true;
             mblnChanged = false;
-            mobjConfig = std::make_unique<clsRwzConfig>();
+            try {
+                mobjConfig = std::make_unique<clsRwzConfig>();
+            } catch (const UnsupportedSystemError&) {
+                ShowMessage(MessageText(kMsgUnsupportedSystem), MB_OK | MB_ICONINFORMATION);
+                ExitProcess(0);
+            }
 
-            SetChanged(false);  // nothing to save or apply yet
+            // Nothing to save or apply yet: the toolbar's second button (Save) and
+            // the File menu's first two items (Save, Apply) start disabled.
+            SetChanged(false);
 
             if (mobjConfig->IEInstalled()) step("Internet Explorer is Installed");
             if (mobjConfig->NNInstalled()) step("Netscape Navigator/Mozilla is Installed");
@@ -420,7 +449,9 @@ void frmMain::InitializeForm() {
             mblnChanged = false;
             WriteLog("frmMain - InitializeForm - Done.", kLogDebug);
         },
-        [&] { ShowMessage(Err::Description(), MB_OK | MB_ICONEXCLAMATION, "Error"); });
+        [&](const ErrorInfo& error) {
+            ShowMessage(error.Description, MB_OK | MB_ICONEXCLAMATION, "Error");
+        });
 }
 
 void frmMain::ProcessCommandLineSwitches(const std::vector<std::string>& avarArgs) {
@@ -480,7 +511,66 @@ void frmMain::ProcessCommandLineSwitches(const std::vector<std::string>& avarArg
 
 void frmMain::DisplayAboutDialog() {
     Procedure proc(kObject, "DisplayAboutDialog");
-    proc.Run([&] { DialogBoxParamA(mhInstance, "ABOUTBOX", mhWnd, AboutProc, 0); });
+    proc.Run([&] { frmAbout().Show(mhWnd); });
+}
+
+void frmMain::ShowOptions() {
+    Procedure proc(kObject, "mnuOptions_Click");
+    proc.Run([&] {
+        if (frmOptions().Show(mhWnd) != IDOK) return;
+        // What the window keeps of the options follows them at once.
+        mblnAutoReset = GetProgramSetting(kProductName, kOptions, "AutoReset", "0") == "1";
+        mobjMRU.GetRecentList();
+        InitializeMenu();
+    });
+}
+
+void frmMain::ShowLanguage() {
+    Procedure proc(kObject, "mnuLanguage_Click");
+    proc.Run([&] {
+        if (frmLanguage().Show(mhWnd) != IDOK) return;
+        // A new instance reads the new choice; the window takes it over at once.
+        ResetLocalization();
+        ApplyLanguage();
+        UpdateCaption();
+    });
+}
+
+void frmMain::ApplyLanguage() {
+    Procedure proc(kObject, "ApplyLanguage");
+    proc.Run([&] {
+        const clsLocalization& objLocalization = Localization();
+        objLocalization.SetControlCaption(mhWnd, "WindowTitles", kObject);
+        for (int i = 0; i < kPageCount; ++i) {
+            std::string caption = objLocalization.GetLocalizedValue(
+                "Labels", ControlArrayKey(kObject, i), false, mobjPages[i]->Caption());
+            TCITEMA item = {};
+            item.mask = TCIF_TEXT;
+            item.pszText = &caption[0];
+            SendMessageA(mhTabs, TCM_SETITEMA, i, reinterpret_cast<LPARAM>(&item));
+        }
+        for (size_t i = 0; i < mcolMenuCaptions.size(); ++i) {
+            const MenuCaption& item = mcolMenuCaptions[i];
+            SetMenuText(
+                item.menu, item.item, item.byPosition,
+                objLocalization.GetLocalizedValue(
+                    "Menus", ControlArrayKey(kObject, static_cast<int>(i)), false, item.text));
+        }
+        DrawMenuBar(mhWnd);
+        // Built-in tips first, so that a language without them shows English.
+        for (const ToolbarButton& b : kToolbarButtons)
+            if (b.text) SetToolTip(mhToolbar, b.command, b.text);
+        objLocalization.SetToolbarTooltips(mhToolbar, "ToolbarTips", kObject);
+    });
+}
+
+void frmMain::UpdateCaption() {
+    if (!mblnFileLoaded || !mobjConfig || mobjConfig->ConfFile().empty()) {
+        SetCaption("[" + MessageText(kMsgCurrentConfiguration) + "] - Roamwise");
+        return;
+    }
+    SetCaption(clsMRUList::GetFileName(mobjConfig->ConfFile()) + " - Roamwise" +
+               (mobjConfig->ReadOnly() ? " - [Read Only]" : ""));
 }
 
 void frmMain::ShowHelpContents() {
@@ -491,12 +581,7 @@ void frmMain::ShowHelpContents() {
 void frmMain::Unload() {
     mblnUnloaded = true;
     mobjPages = {};
-    if (mhWnd) {
-        HWND window = mhWnd;
-        mhWnd = nullptr;
-        SetWindowLongPtrA(window, DWLP_USER, 0);
-        DestroyWindow(window);
-    }
+    Destroy();
     // The window procedure is detached, so the message loop is told directly.
     PostQuitMessage(0);
 }

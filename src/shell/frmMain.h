@@ -13,6 +13,7 @@
 
 #include "platform/Win32Handles.h"
 #include "profile/IAddIn.h"
+#include "shell/clsDialog.h"
 #include "shell/clsMRUList.h"
 #include "shell/clsTabPage.h"
 
@@ -20,12 +21,10 @@ namespace rwz {
 
 class clsRwzConfig;
 
-class frmMain : public ITabHost {
+class frmMain : public clsDialog, public ITabHost {
   public:
     explicit frmMain(HINSTANCE instance);
     ~frmMain() override;
-    frmMain(const frmMain&) = delete;
-    frmMain& operator=(const frmMain&) = delete;
 
     // Creates the window, runs Form_Load and, unless the program ended there,
     // shows the window and runs the message loop. Returns the exit code.
@@ -39,9 +38,10 @@ class frmMain : public ITabHost {
     // Status bar panels, numbered from 1 as users see them.
     static constexpr int kPanelCount = 4;
 
-    static INT_PTR CALLBACK DialogProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
-    INT_PTR HandleMessage(UINT message, WPARAM wParam, LPARAM lParam);
-    void OnCommand(int aintId);
+    bool OnMessage(UINT message, WPARAM wParam, LPARAM lParam) override;
+    bool OnCommand(int aintId, int aintCode, HWND control) override;
+    bool OnNotify(const NMHDR& header, LRESULT& result) override;
+    void RunCommand(int aintId);
 
     // Start-up (frmMain.cpp).
     bool CreateMainWindow();
@@ -52,6 +52,13 @@ class frmMain : public ITabHost {
     void InitializeForm();
     void ProcessCommandLineSwitches(const std::vector<std::string>& avarArgs);
     void DisplayAboutDialog();
+    void ShowOptions();
+    void ShowLanguage();
+    // The captions of the window, its tabs, menus and tool tips in the current
+    // language; built-in English where the language file has no text.
+    void ApplyLanguage();
+    // The caption of the machine's current configuration, or of the profile file.
+    void UpdateCaption();
     void ShowHelpContents();
     void Unload();
     void Layout();
@@ -86,6 +93,7 @@ class frmMain : public ITabHost {
     // or to a printer chosen in the Print dialog.
     void ExportSettings();
     void PrintSettings();
+    void PrintSetup();
     void InitializeMenu();
     // False when the user chose to keep the window open.
     bool Form_QueryUnload();
@@ -93,7 +101,6 @@ class frmMain : public ITabHost {
     std::string ProfileFolder() const;
 
     HINSTANCE mhInstance;
-    HWND mhWnd = nullptr;
     HWND mhToolbar = nullptr;
     HWND mhStatusBar = nullptr;
     HWND mhTabs = nullptr;
@@ -105,6 +112,16 @@ class frmMain : public ITabHost {
     KernelHandle mhCopyMutex;
     std::array<bool, kPanelCount> mblnPanelVisible{{true, true, true, true}};
     std::array<std::string, kPanelCount> mstrPanelText;
+    // The built-in captions of the menu items, in menu order (separators left
+    // out). Commands are found by id, as the recent files move them; popups by
+    // position.
+    struct MenuCaption {
+        HMENU menu;
+        UINT item;
+        bool byPosition;
+        std::string text;
+    };
+    std::vector<MenuCaption> mcolMenuCaptions;
 
     std::string mstrOS;
     bool mblnActivated = false;

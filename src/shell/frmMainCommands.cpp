@@ -41,6 +41,33 @@ enum : int16_t {
     kMsgErrorSaving = 19,
 };
 
+// What the user is told when saving failed: messages 35 and 36 for a file that
+// cannot be written (error 75), otherwise "Error: " and the description.
+std::string SaveFailureText(const ErrorInfo& aError, const std::string& astrFile) {
+    if (aError.Number == kErrPathFileAccess) {
+        return JoinMessages({MessageText(35, {astrFile}), MessageText(36)});
+    }
+    return "Error: " + aError.Description;
+}
+
+// The question asked before applying to a running browser.
+std::string RunningBrowserQuestion(const std::string& astrBrowser) {
+    const std::string crlf2 = "\r\n\r\n";
+    std::string text = astrBrowser + " is currently running.  Any changes applied while " +
+                       astrBrowser + " is open may not be retained when you close your browser." +
+                       crlf2;
+    if (astrBrowser == "Netscape")
+        text += "Note: If Quick Launch is running, it must be closed before applying any changes." +
+                crlf2;
+    return text + "Would you like Roamwise to close your browser before " + "applying the changes?";
+}
+
+// Asks it; Yes closes the browser first.
+bool AskCloseBrowser(const std::string& astrBrowser) {
+    return ShowMessage(RunningBrowserQuestion(astrBrowser), MB_YESNO | MB_ICONQUESTION,
+                       "Apply Configuration") == IDYES;
+}
+
 std::string CurrentFolder() {
     char folder[MAX_PATH] = "";
     GetCurrentDirectoryA(sizeof folder, folder);
@@ -152,7 +179,8 @@ void frmMain::SaveConfigurationFile(const std::string& astrPath) {
     Procedure proc(kObject, "SaveConfigurationFile");
     proc.Run([&] {
         if (!mobjConfig) return;
-        if (mobjConfig->SaveConfigurationFile(astrPath, mcolAddIns) != 1) {
+        if (const auto failure = mobjConfig->SaveConfigurationFile(astrPath, mcolAddIns)) {
+            ShowMessage(SaveFailureText(*failure, astrPath), MB_OK | MB_ICONEXCLAMATION);
             ShowMessage(MessageText(kMsgErrorSaving), MB_OK | MB_ICONEXCLAMATION);
             return;
         }
@@ -202,7 +230,7 @@ bool frmMain::ApplyConfiguration() {
             if (current >= 0 && current < static_cast<int>(adapters.size()))
                 SaveProgramSetting(kProductName, kOptions, "LastNICApplied", adapters[current]);
         }
-        return mobjConfig->ApplyConfiguration(mcolAddIns);
+        return mobjConfig->ApplyConfiguration(mcolAddIns, AskCloseBrowser);
     });
 }
 
@@ -246,8 +274,14 @@ void frmMain::ExportSettings() {
 void frmMain::PrintSettings() {
     Procedure proc(kObject, "PrintSettings");
     proc.Run([&] {
-        if (mobjConfig) clsSettings().PrintAllSettings(*mobjConfig, mhWnd);
+        // On the default printer, which Print Setup chooses.
+        if (mobjConfig) clsSettings().PrintAllSettings(*mobjConfig);
     });
+}
+
+void frmMain::PrintSetup() {
+    Procedure proc(kObject, "PrintSetup");
+    proc.Run([&] { ShowPrintSetupDialog(mhWnd); });
 }
 
 void frmMain::InitializeMenu() {

@@ -49,8 +49,7 @@ frmNetscapeMail::frmNetscapeMail(IBrowser& aobjBrowser) : mobjBrowser(aobjBrowse
 }
 
 bool frmNetscapeMail::Show(HWND owner) {
-    DialogBoxParamA(GetModuleHandleA(nullptr), "NETSCAPE_MAIL", owner, DialogProc,
-                    reinterpret_cast<LPARAM>(this));
+    DoModal("NETSCAPE_MAIL", owner);
     return mblnAssigned;
 }
 
@@ -59,38 +58,20 @@ bool ShowNetscapeMail(HWND owner, IBrowser& aobjBrowser) {
     return form.Show(owner);
 }
 
-INT_PTR CALLBACK frmNetscapeMail::DialogProc(HWND window, UINT message, WPARAM wParam,
-                                             LPARAM lParam) {
-    if (message == WM_INITDIALOG) {
-        SetWindowLongPtrA(window, DWLP_USER, lParam);
-        reinterpret_cast<frmNetscapeMail*>(lParam)->mhWnd = window;
-    }
-    auto* form = reinterpret_cast<frmNetscapeMail*>(GetWindowLongPtrA(window, DWLP_USER));
-    if (!form) return FALSE;
-    const INT_PTR result = form->HandleMessage(message, wParam, lParam);
-    if (message == WM_NCDESTROY) form->mhWnd = nullptr;
-    return result;
+bool frmNetscapeMail::OnInit() {
+    Form_Load();
+    return true;
 }
 
-INT_PTR frmNetscapeMail::HandleMessage(UINT message, WPARAM wParam, LPARAM lParam) {
-    switch (message) {
-        case WM_INITDIALOG:
-            Form_Load();
-            return TRUE;
-        case WM_COMMAND:
-            if (mBindings.OnCommand(mhWnd, wParam, lParam)) return TRUE;
-            if (LOWORD(wParam) == IDOK) {
-                cmdOK_Click();
-                EndDialog(mhWnd, IDOK);
-                return TRUE;
-            }
-            if (LOWORD(wParam) == IDCANCEL) {
-                EndDialog(mhWnd, IDCANCEL);
-                return TRUE;
-            }
-            return FALSE;
-    }
-    return FALSE;
+bool frmNetscapeMail::OnCommand(int aintId, int aintCode, HWND control) {
+    if (mBindings.OnCommand(mhWnd, MAKEWPARAM(aintId, aintCode), reinterpret_cast<LPARAM>(control)))
+        return true;
+    return clsDialog::OnCommand(aintId, aintCode, control);
+}
+
+void frmNetscapeMail::OnOK() {
+    cmdOK_Click();
+    End(IDOK);
 }
 
 void frmNetscapeMail::Form_Load() {

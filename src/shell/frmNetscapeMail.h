@@ -11,6 +11,7 @@
 
 #include "browsers/IBrowser.h"
 #include "shell/FieldBindings.h"
+#include "shell/clsDialog.h"
 
 namespace rwz {
 
@@ -24,18 +25,17 @@ struct NetscapeMailField {
 // them in the same order.
 const std::array<NetscapeMailField, 8>& NetscapeMailFields();
 
-class frmNetscapeMail {
+class frmNetscapeMail : public clsDialog {
   public:
     explicit frmNetscapeMail(IBrowser& aobjBrowser);
-    frmNetscapeMail(const frmNetscapeMail&) = delete;
-    frmNetscapeMail& operator=(const frmNetscapeMail&) = delete;
 
     // Shows the dialog modally over `owner`. True when OK assigned a setting.
     bool Show(HWND owner);
 
   private:
-    static INT_PTR CALLBACK DialogProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
-    INT_PTR HandleMessage(UINT message, WPARAM wParam, LPARAM lParam);
+    bool OnInit() override;
+    bool OnCommand(int aintId, int aintCode, HWND control) override;
+    void OnOK() override;
     void Form_Load();
     // OK: assigns what differs from the back end.
     void cmdOK_Click();
@@ -45,7 +45,6 @@ class frmNetscapeMail {
     std::array<std::string, 8> mstrTexts;
     bool mblnLeaveOnServer = false;
     FieldBindings mBindings;
-    HWND mhWnd = nullptr;
     bool mblnAssigned = false;
 };
 

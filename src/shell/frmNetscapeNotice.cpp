@@ -38,8 +38,7 @@ std::string frmNetscapeNotice::NoticeText() const {
 }
 
 INT_PTR frmNetscapeNotice::Show(HWND owner) {
-    return DialogBoxParamA(GetModuleHandleA(nullptr), "NETSCAPE_NOTICE", owner, DialogProc,
-                           reinterpret_cast<LPARAM>(this));
+    return DoModal("NETSCAPE_NOTICE", owner);
 }
 
 INT_PTR ShowNetscapeNotice(HWND owner, const std::string& astrFirstProfile) {
@@ -47,33 +46,9 @@ INT_PTR ShowNetscapeNotice(HWND owner, const std::string& astrFirstProfile) {
     return form.Show(owner);
 }
 
-INT_PTR CALLBACK frmNetscapeNotice::DialogProc(HWND window, UINT message, WPARAM wParam,
-                                               LPARAM lParam) {
-    if (message == WM_INITDIALOG) {
-        SetWindowLongPtrA(window, DWLP_USER, lParam);
-        reinterpret_cast<frmNetscapeNotice*>(lParam)->mhWnd = window;
-    }
-    auto* form = reinterpret_cast<frmNetscapeNotice*>(GetWindowLongPtrA(window, DWLP_USER));
-    if (!form) return FALSE;
-    const INT_PTR result = form->HandleMessage(message, wParam, lParam);
-    if (message == WM_NCDESTROY) form->mhWnd = nullptr;
-    return result;
-}
-
-INT_PTR frmNetscapeNotice::HandleMessage(UINT message, WPARAM wParam, LPARAM) {
-    switch (message) {
-        case WM_INITDIALOG:
-            Form_Load();
-            return TRUE;
-        case WM_COMMAND:
-            // OK, Enter and Escape all close the notice.
-            if (LOWORD(wParam) == IDOK || LOWORD(wParam) == IDCANCEL) {
-                cmdButton_Click();
-                return TRUE;
-            }
-            return FALSE;
-    }
-    return FALSE;
+bool frmNetscapeNotice::OnInit() {
+    Form_Load();
+    return true;
 }
 
 void frmNetscapeNotice::Form_Load() {
@@ -95,12 +70,12 @@ void frmNetscapeNotice::Form_Load() {
 void frmNetscapeNotice::cmdButton_Click() {
     Procedure proc("frmNetscapeNotice", "cmdButton_Click");
     proc.Run([&] {
-        mblnDoNotShowAgain = IsDlgButtonChecked(mhWnd, IDC_NSNOTICE_CHECK0) == BST_CHECKED;
+        mblnDoNotShowAgain = IsChecked(IDC_NSNOTICE_CHECK0);
         proc.LogValue(mblnDoNotShowAgain ? "1" : "0");
         if (mblnDoNotShowAgain)
             SaveProgramSetting(kProductName, "Options", "NavigatorWarning", "1");
     });
-    EndDialog(mhWnd, IDOK);
+    End(IDOK);
 }
 
 }  // namespace rwz

@@ -10,15 +10,15 @@
 #include <string>
 #include <utility>
 
+#include "shell/clsDialog.h"
+
 namespace rwz {
 
-class frmNetscapeNotice {
+class frmNetscapeNotice : public clsDialog {
   public:
     // `astrFirstProfile`: the profile taken instead; "" when none was found.
     explicit frmNetscapeNotice(std::string astrFirstProfile)
         : mstrFirstProfile(std::move(astrFirstProfile)) {}
-    frmNetscapeNotice(const frmNetscapeNotice&) = delete;
-    frmNetscapeNotice& operator=(const frmNetscapeNotice&) = delete;
 
     // Shows the notice modally over `owner` (may be null). IDOK when closed,
     // -1 when it could not be created. Closing it with the box ticked stores
@@ -31,12 +31,13 @@ class frmNetscapeNotice {
     bool DoNotShowAgain() const { return mblnDoNotShowAgain; }
 
   private:
-    static INT_PTR CALLBACK DialogProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
-    INT_PTR HandleMessage(UINT message, WPARAM wParam, LPARAM lParam);
+    bool OnInit() override;
+    // OK, Enter and Escape all close the notice.
+    void OnOK() override { cmdButton_Click(); }
+    void OnCancel() override { cmdButton_Click(); }
     void Form_Load();
     void cmdButton_Click();
 
-    HWND mhWnd = nullptr;
     std::string mstrFirstProfile;
     bool mblnDoNotShowAgain = false;
 };

@@ -46,8 +46,7 @@ void frmRestart::SetSelectedOption(int aintIndex) {
 }
 
 INT_PTR frmRestart::Show(HWND owner) {
-    return DialogBoxParamA(GetModuleHandleA(nullptr), "RESTART", owner, DialogProc,
-                           reinterpret_cast<LPARAM>(this));
+    return DoModal("RESTART", owner);
 }
 
 int ShowRestartDialog(HWND owner) {
@@ -55,36 +54,20 @@ int ShowRestartDialog(HWND owner) {
     return static_cast<int>(form.Show(owner));
 }
 
-INT_PTR CALLBACK frmRestart::DialogProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
-    if (message == WM_INITDIALOG) {
-        SetWindowLongPtrA(window, DWLP_USER, lParam);
-        reinterpret_cast<frmRestart*>(lParam)->mhWnd = window;
-    }
-    auto* form = reinterpret_cast<frmRestart*>(GetWindowLongPtrA(window, DWLP_USER));
-    if (!form) return FALSE;
-    const INT_PTR result = form->HandleMessage(message, wParam, lParam);
-    if (message == WM_NCDESTROY) form->mhWnd = nullptr;
-    return result;
+bool frmRestart::OnInit() {
+    Form_Load();
+    return true;  // focus to the first control
 }
 
-INT_PTR frmRestart::HandleMessage(UINT message, WPARAM wParam, LPARAM) {
-    switch (message) {
-        case WM_INITDIALOG:
-            Form_Load();
-            return TRUE;  // focus to the first control
-        case WM_COMMAND: {
-            if (HIWORD(wParam) != BN_CLICKED) return FALSE;
-            const int id = LOWORD(wParam);
-            for (int i = 0; i < 3; ++i) {
-                if (id == kButtonIds[i]) {
-                    cmdButton_Click(i);
-                    return TRUE;
-                }
-            }
-            return FALSE;
+bool frmRestart::OnCommand(int aintId, int aintCode, HWND) {
+    if (aintCode != BN_CLICKED) return false;
+    for (int i = 0; i < 3; ++i) {
+        if (aintId == kButtonIds[i]) {
+            cmdButton_Click(i);
+            return true;
         }
     }
-    return FALSE;
+    return false;
 }
 
 void frmRestart::Form_Load() {
@@ -99,13 +82,13 @@ void frmRestart::cmdButton_Click(int aintIndex) {
             case 0:
                 ReadState();
                 ProcessRestartOption();
-                EndDialog(mhWnd, IDOK);
+                End(IDOK);
                 break;
             case 1:
                 WinHelpA(mhWnd, HelpFilePath().c_str(), HELP_CONTEXT, kHelpTopic);
                 break;
             default:
-                EndDialog(mhWnd, IDCANCEL);
+                End(IDCANCEL);
                 break;
         }
     });
@@ -166,19 +149,17 @@ void frmRestart::ApplyCaptions() {
 }
 
 void frmRestart::ShowState() {
-    for (int i = 0; i < kOptionCount; ++i) {
-        CheckDlgButton(mhWnd, OptionId(i), i == mintSelectedOption ? BST_CHECKED : BST_UNCHECKED);
-    }
-    CheckDlgButton(mhWnd, IDC_RESTART_CHECK0, mblnRememberChoice ? BST_CHECKED : BST_UNCHECKED);
+    for (int i = 0; i < kOptionCount; ++i) SetChecked(OptionId(i), i == mintSelectedOption);
+    SetChecked(IDC_RESTART_CHECK0, mblnRememberChoice);
 }
 
 void frmRestart::ReadState() {
     int intSelected = -1;
     for (int i = 0; i < kOptionCount; ++i) {
-        if (IsDlgButtonChecked(mhWnd, OptionId(i)) == BST_CHECKED) intSelected = i;
+        if (IsChecked(OptionId(i))) intSelected = i;
     }
     SetSelectedOption(intSelected);
-    mblnRememberChoice = IsDlgButtonChecked(mhWnd, IDC_RESTART_CHECK0) == BST_CHECKED;
+    mblnRememberChoice = IsChecked(IDC_RESTART_CHECK0);
 }
 
 }  // namespace rwz

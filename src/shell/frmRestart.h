@@ -12,6 +12,8 @@
 
 #include <string>
 
+#include "shell/clsDialog.h"
+
 namespace rwz {
 
 // Restart action code of option button `aintIndex`; "" for no such button.
@@ -20,13 +22,9 @@ std::string RestartCodeOfOption(int aintIndex);
 // The option button of a code; -1 for a code no button offers ("4", unknown).
 int RestartOptionOfCode(const std::string& astrCode);
 
-class frmRestart {
+class frmRestart : public clsDialog {
   public:
     static constexpr int kOptionCount = 4;
-
-    frmRestart() = default;
-    frmRestart(const frmRestart&) = delete;
-    frmRestart& operator=(const frmRestart&) = delete;
 
     // Shows the dialog modally over `owner` (may be null). Returns IDOK or
     // IDCANCEL as the dialog was closed, -1 when it could not be created.
@@ -49,17 +47,15 @@ class frmRestart {
     void ProcessRestartOption();
 
   private:
-    static INT_PTR CALLBACK DialogProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
-    INT_PTR HandleMessage(UINT message, WPARAM wParam, LPARAM lParam);
+    bool OnInit() override;
+    bool OnCommand(int aintId, int aintCode, HWND control) override;
     void Form_Load();
     // cmdButton(0) OK, (1) Help, any other Cancel.
     void cmdButton_Click(int aintIndex);
     void ApplyCaptions();
     void ShowState();
     void ReadState();
-    HWND Item(int aintId) const { return GetDlgItem(mhWnd, aintId); }
 
-    HWND mhWnd = nullptr;
     int mintSelectedOption = -1;
     bool mblnRememberChoice = false;
 };

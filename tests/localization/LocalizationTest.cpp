@@ -238,5 +238,34 @@ TEST_F(LocalizationTest, PlaceholdersAreFilledByPosition) {
     for (const Case& c : cases) EXPECT_EQ(FillPlaceholders(c.text, c.parms), c.filled) << c.text;
 }
 
+TEST_F(LocalizationTest, LanguageListOffersOnlyLanguageFilesWithTheirAuthors) {
+    WriteLanguageFile("xx-aa.slf",
+                      "[Language]\r\nName=Zed\r\nAuthor=Ann\r\nAuthorURL=http://a\r\n");
+    WriteLanguageFile("xx-bb.slf", "[Language]\r\nName=Alpha\r\n");
+    WriteLanguageFile("xx-cc.slf", "MZ\x90 not a language file");
+    WriteLanguageFile("xx-dd.slf", "[Messages]\r\n8=only messages\r\n");
+    std::vector<std::string> listed;
+    for (const LanguageEntry& e : InstalledLanguages(ProgramFolder()))
+        listed.push_back(e.Tag + "|" + e.Name + "|" + e.Author + "|" + e.AuthorURL);
+    EXPECT_EQ(listed, (std::vector<std::string>{
+                          "en-US|English (United States)|Roamwise|http://www.roamwise.example/",
+                          "xx-bb|Alpha|Not Provided|Not Provided",
+                          "xx-aa|Zed|Ann|http://a",
+                      }));
+    // An English file stands in for the built-in entry.
+    WriteLanguageFile("en-us.slf", "[Language]\r\nName=English (mine)\r\n");
+    std::vector<std::string> names;
+    for (const LanguageEntry& e : InstalledLanguages(ProgramFolder())) names.push_back(e.Name);
+    EXPECT_EQ(names, (std::vector<std::string>{"Alpha", "English (mine)", "Zed"}));
+}
+
+TEST_F(LocalizationTest, ChosenFileThatIsNoLanguageFileLeavesEnglish) {
+    WriteLanguageFile("xx-cc.slf", "MZ\x90 not a language file");
+    ChooseLanguage("xx-cc");
+    EXPECT_EQ(MessageText(8), "No configuration changes have been made.");
+    ChooseLanguage("missing");
+    EXPECT_EQ(MessageText(60), "Current Configuration");
+}
+
 }  // namespace
 }  // namespace rwz

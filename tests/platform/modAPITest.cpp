@@ -1,14 +1,9 @@
-// System identification, browser versions from real version resources, and the
-// file dialogs answered by a watcher thread.
+// System identification and browser versions from real version resources.
 #include "platform/modAPI.h"
 
-#include <dlgs.h>
 #include <gtest/gtest.h>
 
-#include <atomic>
 #include <fstream>
-#include <functional>
-#include <thread>
 #include <vector>
 
 #include "support/RawRegistry.h"
@@ -151,137 +146,6 @@ TEST_F(BrowserVersionTest, Opera) {
     EXPECT_EQ(GetOperaVersionNumber(), 0.0f);
     Register("Opera.exe", mIEPath);
     EXPECT_EQ(GetOperaVersion(), GetIEVersion());
-}
-
-struct DialogSearch {
-    const std::string* Title;
-    HWND Found;
-};
-
-BOOL CALLBACK FindDialog(HWND window, LPARAM param) {
-    auto* search = reinterpret_cast<DialogSearch*>(param);
-    DWORD process = 0;
-    GetWindowThreadProcessId(window, &process);
-    char windowClass[16] = "";
-    char title[256] = "";
-    GetClassNameA(window, windowClass, sizeof windowClass);
-    GetWindowTextA(window, title, sizeof title);
-    if (process == GetCurrentProcessId() && IsWindowVisible(window) &&
-        std::string(windowClass) == "#32770" &&
-        (search->Title->empty() || *search->Title == title)) {
-        search->Found = window;
-        return FALSE;
-    }
-    return TRUE;
-}
-
-// Answers the first dialog of this process titled `title` (any title when empty)
-// from another thread.
-class DialogAnswer {
-  public:
-    DialogAnswer(const std::string& title, std::function<void(HWND)> answer)
-        : mThread([this, title, answer] {
-              for (int i = 0; i < 300 && !mDone; ++i) {
-                  DialogSearch search{&title, nullptr};
-                  EnumWindows(FindDialog, reinterpret_cast<LPARAM>(&search));
-                  if (search.Found) {
-                      answer(search.Found);
-                      return;
-                  }
-                  Sleep(50);
-              }
-          }) {}
-    ~DialogAnswer() {
-        mDone = true;
-        mThread.join();
-    }
-
-  private:
-    std::atomic<bool> mDone{false};
-    std::thread mThread;
-};
-
-std::string ItemText(HWND dialog, int id) {
-    char text[MAX_PATH] = "";
-    GetDlgItemTextA(dialog, id, text, MAX_PATH);
-    return text;
-}
-
-// The file-name field: a combo box (cmb13) in the explorer-style dialog, an edit (edt1) else.
-void SetFileName(HWND dialog, const std::string& name) {
-    SetDlgItemTextA(dialog, cmb13, name.c_str());
-    SetDlgItemTextA(dialog, edt1, name.c_str());
-}
-
-void Press(HWND dialog, int id) {
-    PostMessageA(dialog, WM_COMMAND, MAKEWPARAM(id, BN_CLICKED),
-                 reinterpret_cast<LPARAM>(GetDlgItem(dialog, id)));
-}
-
-class FileDialogTest : public ::testing::Test {
-  protected:
-    void SetUp() override {
-        char temp[MAX_PATH];
-        GetTempPathA(MAX_PATH, temp);
-        mFolder = std::string(temp) + "RoamwiseDialogTest";
-        CreateDirectoryA(mFolder.c_str(), nullptr);
-        std::ofstream(mFolder + "\\Office.rwz") << "[Enabled Sections]\n";
-    }
-    void TearDown() override {
-        DeleteFileA((mFolder + "\\Office.rwz").c_str());
-        RemoveDirectoryA(mFolder.c_str());
-    }
-    std::string mFolder;
-    const std::string mFilter = "Roamwise Files (*.rwz)|*.rwz|All Files (*.*)|*.*";
-};
-
-TEST_F(FileDialogTest, OpenShowsTheFilterAndReturnsTheChosenFile) {
-    std::vector<std::string> types;
-    std::string chosen;
-    {
-        DialogAnswer answer("Open", [&](HWND dialog) {
-            HWND typeList = GetDlgItem(dialog, cmb1);
-            const int count = static_cast<int>(SendMessageA(typeList, CB_GETCOUNT, 0, 0));
-            for (int i = 0; i < count; ++i) {
-                char text[256] = "";
-                SendMessageA(typeList, CB_GETLBTEXT, i, reinterpret_cast<LPARAM>(text));
-                types.push_back(text);
-            }
-            SetFileName(dialog, "Office.rwz");
-            Press(dialog, IDOK);
-        });
-        chosen = ShowOpenFileDialog(nullptr, "Open", mFilter, mFolder);
-    }
-    EXPECT_EQ(types, (std::vector<std::string>{"Roamwise Files (*.rwz)", "All Files (*.*)"}));
-    EXPECT_EQ(chosen, mFolder + "\\Office.rwz");
-}
-
-TEST_F(FileDialogTest, SaveStartsAtTheDefaultNameAndAddsTheExtension) {
-    std::string shown;
-    std::string chosen;
-    {
-        DialogAnswer answer("Save As", [&](HWND dialog) {
-            Sleep(200);
-            shown = ItemText(dialog, cmb13) + ItemText(dialog, edt1);
-            SetFileName(dialog, "Home");
-            Press(dialog, IDOK);
-        });
-        chosen = ShowSaveFileDialog(nullptr, "Save As", mFilter, mFolder + "\\Office.rwz");
-    }
-    EXPECT_EQ(shown, "Office.rwz");
-    EXPECT_EQ(chosen, mFolder + "\\Home.rwz");
-}
-
-TEST_F(FileDialogTest, CancelGivesAnEmptyPath) {
-    DialogAnswer answer("Open", [](HWND dialog) { Press(dialog, IDCANCEL); });
-    EXPECT_EQ(ShowOpenFileDialog(nullptr, "Open", mFilter, mFolder), "");
-}
-
-// Without a printer the system says so in a box of its own; with one, the setup
-// dialog appears. Either way a cancel is reported as false.
-TEST(PrintSetupDialogTest, CancelGivesFalse) {
-    DialogAnswer answer("", [](HWND dialog) { Press(dialog, IDCANCEL); });
-    EXPECT_FALSE(ShowPrintSetupDialog(nullptr));
 }
 
 }  // namespace

@@ -2,10 +2,7 @@
 // private-profile functions.
 #include <windows.h>
 
-#include <atomic>
-#include <chrono>
 #include <string>
-#include <thread>
 #include <vector>
 
 #include <gtest/gtest.h>
@@ -363,65 +360,6 @@ TEST_F(ProfileFileTest, FirstOfDuplicateSectionsAndKeysWins) {
     EXPECT_EQ(settings.Comments, "one");
 }
 
-// Answers the message boxes this process shows and notes what they said.
-class MessageBoxWatcher {
-  public:
-    MessageBoxWatcher() : mThread([this] { Watch(); }) {}
-    ~MessageBoxWatcher() {
-        mStop = true;
-        if (mThread.joinable()) mThread.join();
-    }
-    struct Box {
-        std::string title, text;
-        bool exclamation = false;
-    };
-    std::vector<Box> Boxes() {
-        mStop = true;
-        if (mThread.joinable()) mThread.join();
-        return mBoxes;
-    }
-
-  private:
-    void Watch() {
-        while (!mStop) {
-            EnumWindows(
-                [](HWND hwnd, LPARAM self) -> BOOL {
-                    reinterpret_cast<MessageBoxWatcher*>(self)->Look(hwnd);
-                    return TRUE;
-                },
-                reinterpret_cast<LPARAM>(this));
-            std::this_thread::sleep_for(std::chrono::milliseconds(20));
-        }
-    }
-    void Look(HWND hwnd) {
-        DWORD pid = 0;
-        GetWindowThreadProcessId(hwnd, &pid);
-        char name[64] = "";
-        GetClassNameA(hwnd, name, sizeof name);
-        if (pid != GetCurrentProcessId() || std::string(name) != "#32770") return;
-        for (HWND seen : mSeen) {
-            if (seen == hwnd) return;
-        }
-        mSeen.push_back(hwnd);
-        Box box;
-        char text[2048] = "";
-        GetWindowTextA(hwnd, text, sizeof text);
-        box.title = text;
-        GetDlgItemTextA(hwnd, 0xFFFF, text, sizeof text);
-        box.text = text;
-        const HICON icon =
-            reinterpret_cast<HICON>(SendMessageA(GetDlgItem(hwnd, 0x440), STM_GETICON, 0, 0));
-        box.exclamation = icon && icon == LoadIcon(nullptr, IDI_EXCLAMATION);
-        mBoxes.push_back(box);
-        PostMessageA(hwnd, WM_COMMAND, IDOK, 0);
-    }
-
-    std::atomic<bool> mStop{false};
-    std::vector<HWND> mSeen;
-    std::vector<Box> mBoxes;
-    std::thread mThread;
-};
-
 TEST_F(ProfileFileTest, FileThatCannotBeWrittenRaisesPathFileAccess) {
     const std::string kept = "[Advanced]\r\nComments=keep\r\n";
     const std::string readOnly = Path("read-only.rwz");
@@ -453,41 +391,33 @@ TEST_F(ProfileFileTest, FileThatCannotBeWrittenRaisesPathFileAccess) {
     EXPECT_EQ(ReadRaw(inUse), kept);
 }
 
-TEST_F(ProfileFileTest, FailedSaveTellsTheUserAndReportsFailure) {
+TEST_F(ProfileFileTest, FailedSaveReturnsTheErrorAndLogsOnlyFaults) {
     const std::string readOnly = Path("locked.rwz");
     WriteRaw(readOnly, "");
     SetFileAttributesA(readOnly.c_str(), FILE_ATTRIBUTE_READONLY);
     const std::string broken = Path("broken.rwz");
     FakeOwners fake;
     fake.owners[2].SaveSections = [](const std::string&) {
-        Err::Raise(kObjectError + 7, "clsNetConfig2K", "Adapter list unavailable");
+        throw RwzError(kObjectError + 7, "clsNetConfig2K", "Adapter list unavailable");
     };
-
     const std::string where = "clsRwzConfig:SaveConfigurationFile";
     const std::string logged = " : " + where + "\r\n";
 
-    MessageBoxWatcher watcher;
     size_t logStart = ReadRaw(LogFilePath()).size();
-    EXPECT_EQ(SaveProfileFile(where, readOnly, ProfileFileSettings{}, {}), 0);
+    auto failure = SaveProfileFile(where, readOnly, ProfileFileSettings{}, {});
+    ASSERT_TRUE(failure);
+    EXPECT_EQ(failure->Number, kErrPathFileAccess);
+    // A file that cannot be written is no fault of the program: not logged.
     EXPECT_EQ(ReadRaw(LogFilePath()).substr(logStart).find(logged), std::string::npos);
     logStart = ReadRaw(LogFilePath()).size();
-    EXPECT_EQ(SaveProfileFile(where, broken, ProfileFileSettings{}, fake.owners), 0);
+    failure = SaveProfileFile(where, broken, ProfileFileSettings{}, fake.owners);
+    ASSERT_TRUE(failure);
+    EXPECT_EQ(failure->Description, "Adapter list unavailable");
     EXPECT_NE(ReadRaw(LogFilePath())
                   .substr(logStart)
                   .find("ERROR - Adapter list unavailable (" + std::to_string(kObjectError + 7) +
                         ")" + logged),
               std::string::npos);
-    const auto boxes = watcher.Boxes();
-
-    ASSERT_EQ(boxes.size(), 2u);
-    EXPECT_EQ(boxes[0].title, "Roamwise");
-    EXPECT_EQ(boxes[0].text, "Error accessing file '" + readOnly +
-                                 "'.\r\n\r\nMake sure the file is not set to Read Only or the "
-                                 "file is not in use.");
-    EXPECT_TRUE(boxes[0].exclamation);
-    EXPECT_EQ(boxes[1].title, "Roamwise");
-    EXPECT_EQ(boxes[1].text, "Error: Adapter list unavailable");
-    EXPECT_TRUE(boxes[1].exclamation);
     // What was written before the error stays.
     EXPECT_EQ(ReadProfileString(broken, "Advanced", "AutoApply"), "0");
     EXPECT_EQ(ReadProfileString(broken, "Network", "Adapter", "none"), "none");
@@ -499,7 +429,7 @@ TEST_F(ProfileFileTest, FailedLoadStopsAtTheFailingOwnerAndStillReportsZero) {
     FakeOwners fake;
     fake.owners[4].LoadSections = [&](const std::string&) {  // Internet Explorer
         fake.calls.push_back("load IE");
-        Err::Raise(kObjectError + 1, "InternetExplorerLib", "broken");
+        throw RwzError(kObjectError + 1, "InternetExplorerLib", "broken");
     };
     ProfileFileSettings settings;
 

@@ -6,6 +6,7 @@
 
 #include "platform/modUtilities.h"
 #include "shell/clsMRUList.h"
+#include "shell/frmOptions.h"
 
 namespace rwz {
 namespace {
@@ -73,10 +74,16 @@ TEST_F(MRUListTest, LoadingStopsAtTheFirstEmptyEntry) {
     EXPECT_EQ((Files{"C:\\one.rwz"}), Reloaded());
 }
 
-TEST(MRUFileName, IsThePartAfterTheLastBackslash) {
-    EXPECT_EQ("Office.rwz", clsMRUList::GetFileName("C:\\Profiles\\Office.rwz"));
-    EXPECT_EQ("Office.rwz", clsMRUList::GetFileName("Office.rwz"));
-    EXPECT_EQ("", clsMRUList::GetFileName("C:\\Profiles\\"));
+TEST(RecentFilesLength, OnlyAWholeNumberFromZeroToTwentyIsTaken) {
+    const struct {
+        const char* typed;
+        int taken;  // -1: refused
+    } rows[] = {
+        {"4", 4},      {" 7 ", 7},   {"0", 0}, {"20", 20}, {"21", -1},
+        {"99999", -1}, {"text", -1}, {"", -1}, {"-1", -1}, {"3.5", -1},
+    };
+    for (const auto& row : rows)
+        EXPECT_EQ(frmOptions::ParseMaxRecent(row.typed).value_or(-1), row.taken) << row.typed;
 }
 
 }  // namespace

@@ -1,6 +1,6 @@
 // The restart dialog: which code each option button stands for, what is stored
-// as the preference, what is carried out, and the real dialog driven from a
-// second thread (options, check box, buttons, captions from a language file).
+// as the preference, and what is carried out, through the real dialog driven
+// from a second thread.
 #include <windows.h>
 
 #include <atomic>
@@ -12,10 +12,8 @@
 
 #include <gtest/gtest.h>
 
-#include "localization/modLocalization.h"
 #include "platform/PowerControl.h"
 #include "support/RecordingPowerControl.h"
-#include "platform/modUtilities.h"
 #include "profile/modRestart.h"
 #include "shell/frmRestart.h"
 #include "shell/frmRestartRes.h"
@@ -31,24 +29,17 @@ using test::Text;
 
 // What the restart dialog showed when it opened.
 struct RestartView {
-    std::string title;
-    std::vector<std::string> captions;  // optOption(0..3), chkOption(0), frame, OK, Help, Cancel
     int checkedOption = -1;
     bool remember = false;
 };
 
 RestartView ReadRestartDialog(HWND dialog) {
     RestartView view;
-    view.title = Text(dialog);
     for (int i = 0; i < frmRestart::kOptionCount; ++i) {
-        HWND option = GetDlgItem(dialog, IDC_RESTART_OPTION0 + i);
-        view.captions.push_back(Text(option));
-        if (SendMessageA(option, BM_GETCHECK, 0, 0) == BST_CHECKED) view.checkedOption = i;
+        if (IsDlgButtonChecked(dialog, IDC_RESTART_OPTION0 + i) == BST_CHECKED)
+            view.checkedOption = i;
     }
-    for (int id : {IDC_RESTART_CHECK0, IDC_RESTART_FRAME0, IDOK, IDC_RESTART_HELP, IDCANCEL})
-        view.captions.push_back(Text(GetDlgItem(dialog, id)));
-    view.remember =
-        SendMessageA(GetDlgItem(dialog, IDC_RESTART_CHECK0), BM_GETCHECK, 0, 0) == BST_CHECKED;
+    view.remember = IsDlgButtonChecked(dialog, IDC_RESTART_CHECK0) == BST_CHECKED;
     return view;
 }
 
@@ -92,26 +83,6 @@ class RestartDialogTest : public ::testing::Test {
     void TearDown() override {
         SetPowerControl(nullptr);
         SetRestartPreference(mSavedPreference);
-        if (!mLanguageFile.empty()) {
-            DeleteFileA(mLanguageFile.c_str());
-            // The system keeps profiles it has read; make it forget this one.
-            WritePrivateProfileStringA(nullptr, nullptr, nullptr, mLanguageFile.c_str());
-            DeleteProgramSetting(kProductName, "UserInfo", "Language");
-        }
-        ResetLocalization();
-    }
-
-    // Writes a language file beside the program and chooses its language.
-    void UseLanguageFile(const std::string& content) {
-        mLanguageFile = LanguageFilePath("xx-RESTART");
-        HANDLE file = CreateFileA(mLanguageFile.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS,
-                                  FILE_ATTRIBUTE_NORMAL, nullptr);
-        ASSERT_NE(file, INVALID_HANDLE_VALUE);
-        DWORD written = 0;
-        WriteFile(file, content.data(), static_cast<DWORD>(content.size()), &written, nullptr);
-        CloseHandle(file);
-        SaveProgramSetting(kProductName, "UserInfo", "Language", "xx-RESTART");
-        ResetLocalization();
     }
 
     // Opens the dialog and lets `act` read and operate it; further dialogs
@@ -141,7 +112,6 @@ class RestartDialogTest : public ::testing::Test {
 
   private:
     std::string mSavedPreference;
-    std::string mLanguageFile;
 };
 
 TEST(RestartOptions, IndicesAndCodesAreCrossedForSuspendAndShutDown) {
@@ -243,29 +213,6 @@ TEST_F(RestartDialogTest, PreferenceSelectsItsOptionAndCancelDoesNothing) {
         EXPECT_EQ(row.preference, GetRestartPreference());
     }
     EXPECT_TRUE(power.calls.empty());
-}
-
-TEST_F(RestartDialogTest, CaptionsComeFromTheLanguageFilesRestartEntries) {
-    RunDialog([](HWND dialog) { PostClick(dialog, IDCANCEL); });
-    const RestartView builtIn = view;
-    ASSERT_EQ(9u, builtIn.captions.size());
-
-    UseLanguageFile(
-        "[WindowTitles]\r\nRestart=Neustart\r\nOther=Falsch\r\n"
-        "[Buttons]\r\nRestart:0=Jawohl\r\nRestart:1=Hilfe\r\nRestart:2=Abbrechen\r\n"
-        "[RadioButtons]\r\nRestart:0=Sp\xE4ter\r\nRestart:1=Jetzt neu starten\r\n"
-        "Restart:2=Ruhezustand\r\nRestart:3=\r\n"
-        "[Checkboxes]\r\nRestart:0=Merken\r\n"
-        "[Frames]\r\n0=Falsch\r\n");
-    RunDialog([](HWND dialog) { PostClick(dialog, IDCANCEL); });
-    EXPECT_EQ("Neustart", view.title);
-    const std::vector<std::string> expected = {
-        "Sp\xE4ter",   "Jetzt neu starten",
-        "Ruhezustand", builtIn.captions[3],  // an empty text keeps the built-in one
-        "Merken",      builtIn.captions[5],  // no "Restart:0" frame entry
-        "Jawohl",      builtIn.captions[7],  // the Help button is not localized
-        "Abbrechen"};
-    EXPECT_EQ(expected, view.captions);
 }
 
 }  // namespace
