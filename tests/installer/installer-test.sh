@@ -74,7 +74,7 @@ wine reg add 'HKCU\Software\Wine\AppDefaults\Rwz.exe' /v Version /d winxp /f >/d
 # Install.
 timeout 120 wine "$installer" /S </dev/null >/dev/null 2>&1
 check "the installer ends with 0" [ $? = 0 ]
-for file in Rwz.exe RwzSysTray.exe Rwz.exe.manifest RwzSysTray.exe.manifest en-us.slf \
+for file in Rwz.exe RwzSysTray.exe Rwz.exe.manifest RwzSysTray.exe.manifest de-de.slf \
     Examples/office.rwz Examples/home.rwz Examples/client-site.rwz Uninstall.exe; do
     check "installed: $file" [ -f "$inst/$file" ]
 done
