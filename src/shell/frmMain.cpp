@@ -25,6 +25,7 @@
 #include "shell/RwzExitCode.h"
 #include "shell/modCommandLine.h"
 #include "shell/modShortcut.h"
+#include "shell/modWindowFit.h"
 
 namespace rwz {
 
@@ -44,6 +45,7 @@ constexpr int16_t kMsgCurrentConfiguration = 60;
 constexpr int16_t kMsgUnsupportedSystem = 34;
 
 // Toolbar buttons, in order; the area buttons switch an area of the profile on or off.
+// Each is as wide as its own text (shells before 5.80 make them all alike).
 struct ToolbarButton {
     int bitmap;
     int command;
@@ -51,14 +53,14 @@ struct ToolbarButton {
     const char* text;
 };
 const ToolbarButton kToolbarButtons[] = {
-    {STD_FILEOPEN, IDM_FILE_OPEN, BTNS_BUTTON, "Open"},
-    {STD_FILESAVE, IDM_FILE_SAVE, BTNS_BUTTON, "Save"},
-    {STD_REDOW, IDM_FILE_APPLY, BTNS_BUTTON, "Apply"},
+    {STD_FILEOPEN, IDM_FILE_OPEN, BTNS_BUTTON | BTNS_AUTOSIZE, "Open"},
+    {STD_FILESAVE, IDM_FILE_SAVE, BTNS_BUTTON | BTNS_AUTOSIZE, "Save"},
+    {STD_REDOW, IDM_FILE_APPLY, BTNS_BUTTON | BTNS_AUTOSIZE, "Apply"},
     {0, 0, BTNS_SEP, nullptr},
-    {STD_PROPERTIES, IDM_AREA_GENERAL, BTNS_CHECK, "General"},
-    {STD_PROPERTIES, IDM_AREA_IE, BTNS_CHECK, "Internet Explorer"},
-    {STD_PROPERTIES, IDM_AREA_NETSCAPE, BTNS_CHECK, "Netscape"},
-    {STD_PROPERTIES, IDM_AREA_OPERA, BTNS_CHECK, "Opera"},
+    {STD_PROPERTIES, IDM_AREA_GENERAL, BTNS_CHECK | BTNS_AUTOSIZE, "General"},
+    {STD_PROPERTIES, IDM_AREA_IE, BTNS_CHECK | BTNS_AUTOSIZE, "Internet Explorer"},
+    {STD_PROPERTIES, IDM_AREA_NETSCAPE, BTNS_CHECK | BTNS_AUTOSIZE, "Netscape"},
+    {STD_PROPERTIES, IDM_AREA_OPERA, BTNS_CHECK | BTNS_AUTOSIZE, "Opera"},
 };
 const int kAreaCommands[] = {IDM_AREA_GENERAL, IDM_AREA_IE, IDM_AREA_NETSCAPE, IDM_AREA_OPERA};
 
@@ -143,7 +145,7 @@ bool frmMain::CreateMainWindow() {
     windowClass.cbWndExtra = DLGWINDOWEXTRA;
     windowClass.hInstance = mhInstance;
     windowClass.hCursor = LoadCursorA(nullptr, MAKEINTRESOURCEA(32512));
-    windowClass.hIcon = LoadIconA(nullptr, MAKEINTRESOURCEA(32512));
+    windowClass.hIcon = LoadIconA(mhInstance, MAKEINTRESOURCEA(1));  // the program's icon
     windowClass.hbrBackground = reinterpret_cast<HBRUSH>(COLOR_BTNFACE + 1);
     windowClass.lpszClassName = kWindowClass;
     RegisterClassA(&windowClass);
@@ -557,6 +559,7 @@ void frmMain::ApplyLanguage() {
                     "Menus", ControlArrayKey(kObject, static_cast<int>(i)), false, item.text));
         }
         DrawMenuBar(mhWnd);
+        FitWindowToToolbar(mhWnd, mhToolbar);
         // Built-in tips first, so that a language without them shows English.
         for (const ToolbarButton& b : kToolbarButtons)
             if (b.text) SetToolTip(mhToolbar, b.command, b.text);
