@@ -7,7 +7,9 @@
 # saves them as PNG files under docs/. --widest shows instead a profile with
 # 255.255.255.255 in every address field and port 65535, and saves the
 # pictures under build/screenshots/widest/ for a look at the fields' widths.
-# Environment: RWZ_BUILD_ROOT (default build/), RWZ_SHOT_DISPLAY (default :77).
+# Environment: RWZ_BUILD_ROOT (default build/), RWZ_SHOT_DISPLAY (default :77),
+# RWZ_SHOT_LANGUAGE (a language tag such as de-DE: the pictures in that
+# language, under build/screenshots/<tag>/).
 set -uo pipefail
 here=$(cd "$(dirname "$0")/.." && pwd)
 build_root=${RWZ_BUILD_ROOT:-$here/build}
@@ -101,6 +103,13 @@ install_dir=$c_drive/Program\ Files/Roamwise
 mkdir -p "$install_dir" "$c_drive/Profiles" "$c_drive/Program Files/Opera7"
 cp --remove-destination "$tree/bin/Rwz.exe" "$tree/bin/RwzSysTray.exe" "$install_dir/"
 cp --remove-destination "$here"/examples/*.rwz "$c_drive/Profiles/"
+cp --remove-destination "$here"/src/localization/*.slf "$install_dir/" 2>/dev/null
+if [ -n "${RWZ_SHOT_LANGUAGE:-}" ]; then
+    docs=$work/$RWZ_SHOT_LANGUAGE
+    mkdir -p "$docs"
+    wine reg add 'HKLM\Software\Roamwise\UserInfo' /v Language /d "$RWZ_SHOT_LANGUAGE" /f \
+        >/dev/null 2>&1 </dev/null
+fi
 if [ $widest = 1 ]; then
     docs=$work/widest
     mkdir -p "$docs"
@@ -153,7 +162,7 @@ wine taskkill /f /im Rwz.exe >/dev/null 2>&1 </dev/null
 sleep 1
 
 wine "$rwz" /hidden /force /prompt >/dev/null 2>&1 </dev/null &
-shoot restart.png "Restart"
+shoot restart.png "start"  # "Restart", "Neustart"
 wine taskkill /f /im Rwz.exe >/dev/null 2>&1 </dev/null
 
 # The tray program's menu: the recent profile, then those of the chosen folder.
