@@ -12,58 +12,48 @@
 
 #include "browsers/clsBrowserBase.h"
 #include "browsers/modProxyServer.h"
+#include "platform/modAPI.h"
 
 namespace rwz {
 
+class Procedure;
+
 class InternetExplorerLib : public clsBrowserBase {
   public:
-    // `astrOSTag` says where the dial-up entries are: the user's RemoteAccess
-    // key on "9x", the dial-up service's list elsewhere.
-    explicit InternetExplorerLib(const std::string& astrOSTag);
+    // `aFamily` says where the dial-up entries are: the user's RemoteAccess
+    // key on Windows 9x, the dial-up service's list elsewhere.
+    explicit InternetExplorerLib(OSFamily aFamily);
     InternetExplorerLib();
 
-    // The live operations below hide the property setters of the same names.
-    using clsBrowserBase::SetAutoConfigURL;
-    using clsBrowserBase::SetAutoDetectSettings;
-    using clsBrowserBase::SetConnectViaLAN;
-    using clsBrowserBase::SetDefaultHomePage;
-    using clsBrowserBase::SetDisablePWDCache;
-    using clsBrowserBase::SetProxyEnabled;
-    using clsBrowserBase::SetProxyExceptions;
-
-    void GetDisablePWDCache() override;
-    void SetDisablePWDCache() override;
-    void GetDUNList() override;
-    void GetAutoDetectSettings() override;
-    void GetAutoConfigURL() override;
-    void GetConnectViaLAN() override;
-    void SetConnectViaLAN() override;
-    void SetDefaultHomePage() override;
-    void SetDUN() override;
-    void SetProxyAddresses() override;
-    void SetProxyEnabled() override;
-    void SetProxyExceptions() override;
     void LoadConfiguration() override;
     void ApplyConfiguration() override;
-    // The section's keys; an automatic configuration URL is in use exactly
-    // when the profile names one, as in the registry.
-    void LoadConfigurationFile(const std::string& astrFile) override;
-    void GetProxyAddresses() override;
-    void GetProxyEnabled() override;
-    void GetProxyExceptions() override;
-    void GetDefaultHomePage() override;
-    void SetAutoDetectSettings() override;
-    void SetAutoConfigURL() override;
 
   protected:
     void SplitProxyServer(const std::string& astrProxyServer) override;
     std::string ComposeProxyServer() const override;
 
   private:
+    struct Setting;
+    static const Setting kSettings[];
+    void Read(const Setting& aSetting, const Procedure& aProc);
+    void Write(const Setting& aSetting, const Procedure& aProc);
+
+    // The settings that need code of their own.
+    void GetProxyAddresses(const Procedure& aProc);
+    void SetProxyAddresses(const Procedure& aProc);
+    void GetProxyExceptions(const Procedure& aProc);
+    void SetProxyExceptions(const Procedure& aProc);
+    void GetDUNList(const Procedure& aProc);
+    void SetDUN(const Procedure& aProc);
+    void GetAutoDetectSettings(const Procedure& aProc);
+    void SetAutoDetectSettings(const Procedure& aProc);
+    void GetAutoConfigURL(const Procedure& aProc);
+    void SetAutoConfigURL(const Procedure& aProc);
+
     ProxyServerList ProxyList() const;
     void TakeProxyList(const ProxyServerList& aList);
 
-    std::string mstrOSTag;
+    OSFamily mFamily;
 };
 
 }  // namespace rwz

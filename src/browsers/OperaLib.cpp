@@ -8,6 +8,7 @@
 #include "browsers/modShellFolders.h"
 #include "platform/Procedure.h"
 #include "platform/RwzError.h"
+#include "platform/Win32Handles.h"
 #include "platform/modAPI.h"
 #include "platform/modUtilities.h"
 #include "profile/modProfileIO.h"
@@ -17,6 +18,7 @@ namespace rwz {
 namespace {
 
 constexpr const char* kTag = "clsOpera";
+const std::string kOperaFirstLine = "Opera Preferences version";
 
 struct UserAgent {
     const char* Name;
@@ -57,40 +59,38 @@ struct OperaLib::IniKey {
     const char* Section;
     const char* Key;
     IniEncoding Encoding;
-    std::string clsBrowserBase::*Text;  // text, code, or a server's host
-    std::string clsBrowserBase::*Port;  // a server's port
-    bool clsBrowserBase::*Flag;
+    std::string BrowserRecord::*Text;  // text, code, or a server's host
+    std::string BrowserRecord::*Port;  // a server's port
+    bool BrowserRecord::*Flag;
     const char* Default;
 };
 
 const std::vector<OperaLib::IniKey>& OperaLib::IniKeys() {
-    using O = OperaLib;
+    using O = BrowserRecord;
     constexpr auto T = IniEncoding::Text;
     constexpr auto F = IniEncoding::Flag;
     constexpr auto S = IniEncoding::Server;
     constexpr auto C = IniEncoding::Code;
     static const std::vector<IniKey> keys = {
-        {"User Prefs", "Home URL", T, &O::mstrDefaultHomePage, nullptr, nullptr, ""},
-        {"Proxy", "Automatic Proxy Configuration URL", T, &O::mstrAutoConfigURL, nullptr, nullptr,
+        {"User Prefs", "Home URL", T, &O::DefaultHomePage, nullptr, nullptr, ""},
+        {"Proxy", "Automatic Proxy Configuration URL", T, &O::AutoConfigURL, nullptr, nullptr, ""},
+        {"Proxy", "Use Automatic Proxy Configuration", F, nullptr, nullptr, &O::UseAutoConfigURL,
          ""},
-        {"Proxy", "Use Automatic Proxy Configuration", F, nullptr, nullptr,
-         &O::mblnUseAutoConfigURL, ""},
-        {"Proxy", "No Proxy Servers", T, &O::mstrProxyExceptions, nullptr, nullptr, ""},
-        {"Proxy", "No Proxy Servers Check", F, nullptr, nullptr, &O::mblnProxyExceptionsEnabled,
-         ""},
-        {"Proxy", "Use HTTP", F, nullptr, nullptr, &O::mblnHTTPProxyEnabled, ""},
-        {"Proxy", "Use HTTPS", F, nullptr, nullptr, &O::mblnSecureProxyEnabled, ""},
-        {"Proxy", "Use FTP", F, nullptr, nullptr, &O::mblnFTPProxyEnabled, ""},
-        {"Proxy", "Use GOPHER", F, nullptr, nullptr, &O::mblnGopherProxyEnabled, ""},
-        {"Proxy", "Use WAIS", F, nullptr, nullptr, &O::mblnWAISProxyEnabled, ""},
-        {"Proxy", "HTTP Server", S, &O::mstrHTTPAddress, &O::mstrHTTPPort, nullptr, ""},
-        {"Proxy", "HTTPS Server", S, &O::mstrSecureAddress, &O::mstrSecurePort, nullptr, ""},
-        {"Proxy", "FTP Server", S, &O::mstrFTPAddress, &O::mstrFTPPort, nullptr, ""},
-        {"Proxy", "Gopher Server", S, &O::mstrGopherAddress, &O::mstrGopherPort, nullptr, ""},
-        {"Proxy", "WAIS Server", S, &O::mstrWAISAddress, &O::mstrWAISPort, nullptr, ""},
+        {"Proxy", "No Proxy Servers", T, &O::ProxyExceptions, nullptr, nullptr, ""},
+        {"Proxy", "No Proxy Servers Check", F, nullptr, nullptr, &O::ProxyExceptionsEnabled, ""},
+        {"Proxy", "Use HTTP", F, nullptr, nullptr, &O::HTTPProxyEnabled, ""},
+        {"Proxy", "Use HTTPS", F, nullptr, nullptr, &O::SecureProxyEnabled, ""},
+        {"Proxy", "Use FTP", F, nullptr, nullptr, &O::FTPProxyEnabled, ""},
+        {"Proxy", "Use GOPHER", F, nullptr, nullptr, &O::GopherProxyEnabled, ""},
+        {"Proxy", "Use WAIS", F, nullptr, nullptr, &O::WAISProxyEnabled, ""},
+        {"Proxy", "HTTP Server", S, &O::HTTPAddress, &O::HTTPPort, nullptr, ""},
+        {"Proxy", "HTTPS Server", S, &O::SecureAddress, &O::SecurePort, nullptr, ""},
+        {"Proxy", "FTP Server", S, &O::FTPAddress, &O::FTPPort, nullptr, ""},
+        {"Proxy", "Gopher Server", S, &O::GopherAddress, &O::GopherPort, nullptr, ""},
+        {"Proxy", "WAIS Server", S, &O::WAISAddress, &O::WAISPort, nullptr, ""},
         // Opera identifies itself as MSIE unless told otherwise.
-        {"User Agent", "Spoof UserAgent ID", C, &O::mstrUserAgentID, nullptr, nullptr, "3"},
-        {"User Agent", "Spoof Version Code", C, &O::mstrUserAgentVersion, nullptr, nullptr, ""},
+        {"User Agent", "Spoof UserAgent ID", C, &O::UserAgentID, nullptr, nullptr, "3"},
+        {"User Agent", "Spoof Version Code", C, &O::UserAgentVersion, nullptr, nullptr, ""},
     };
     return keys;
 }
@@ -118,7 +118,7 @@ std::string OperaLib::FindSettingsFile() {
     });
 }
 
-std::vector<std::string> OperaLib::GetUserAgents() {
+std::vector<std::string> OperaLib::GetUserAgents() const {
     std::vector<std::string> names;
     for (const UserAgent& agent : kUserAgents) names.emplace_back(agent.Name);
     return names;
@@ -134,22 +134,24 @@ std::string OperaLib::UserAgentOf(const std::string& astrID, const std::string& 
     return std::string();
 }
 
-void OperaLib::SetCurrentUserAgent(const std::string& astrValue) {
-    clsBrowserBase::SetCurrentUserAgent(astrValue);
+void OperaLib::Assigned(std::string BrowserRecord::*aField) {
+    if (aField != &BrowserRecord::CurrentUserAgent) return;
+    const std::string& name = mRecord.CurrentUserAgent;
     // Choosing the identity the codes already give keeps them as Opera wrote them.
-    if (UserAgentOf(mstrUserAgentID, mstrUserAgentVersion) == astrValue) return;
+    if (UserAgentOf(mRecord.UserAgentID, mRecord.UserAgentVersion) == name) return;
     for (const UserAgent& agent : kUserAgents) {
-        if (astrValue == agent.Name) {
-            mstrUserAgentID = agent.ID;
-            mstrUserAgentVersion = agent.Version;
+        if (name == agent.Name) {
+            mRecord.UserAgentID = agent.ID;
+            mRecord.UserAgentVersion = agent.Version;
         }
     }
 }
 
 void OperaLib::DeriveFromCodesAndSwitches() {
-    mblnProxyEnabled = mblnHTTPProxyEnabled || mblnFTPProxyEnabled || mblnSecureProxyEnabled ||
-                       mblnGopherProxyEnabled || mblnWAISProxyEnabled;
-    mstrCurrentUserAgent = UserAgentOf(mstrUserAgentID, mstrUserAgentVersion);
+    BrowserRecord& r = mRecord;
+    r.ProxyEnabled = r.HTTPProxyEnabled || r.FTPProxyEnabled || r.SecureProxyEnabled ||
+                     r.GopherProxyEnabled || r.WAISProxyEnabled;
+    r.CurrentUserAgent = UserAgentOf(r.UserAgentID, r.UserAgentVersion);
 }
 
 void OperaLib::LoadConfiguration() {
@@ -164,15 +166,15 @@ void OperaLib::LoadConfiguration() {
             switch (key.Encoding) {
                 case IniEncoding::Text:
                 case IniEncoding::Code:
-                    this->*key.Text = value;
+                    mRecord.*key.Text = value;
                     break;
                 case IniEncoding::Flag:
-                    this->*key.Flag = ProfileFlag(value);
+                    mRecord.*key.Flag = ProfileFlag(value);
                     break;
                 case IniEncoding::Server: {
                     auto [host, port] = SplitServer(value);
-                    this->*key.Text = host;
-                    this->*key.Port = port;
+                    mRecord.*key.Text = host;
+                    mRecord.*key.Port = port;
                     break;
                 }
             }
@@ -181,46 +183,73 @@ void OperaLib::LoadConfiguration() {
     });
 }
 
+// Opera's own settings file begins with this line (after a UTF-8 mark, if any).
+bool OperaLib::IsOperaSettingsFile(const std::string& astrFile) {
+    KernelHandle file(CreateFileA(astrFile.c_str(), GENERIC_READ,
+                                  FILE_SHARE_READ | FILE_SHARE_WRITE, nullptr, OPEN_EXISTING,
+                                  FILE_ATTRIBUTE_NORMAL, nullptr));
+    if (!file) return false;
+    char head[64] = {};
+    DWORD read = 0;
+    if (!ReadFile(file.Get(), head, sizeof head, &read, nullptr)) return false;
+    std::string first(head, read);
+    if (first.compare(0, 3, "\xEF\xBB\xBF") == 0) first.erase(0, 3);
+    return first.compare(0, kOperaFirstLine.size(), kOperaFirstLine) == 0;
+}
+
 void OperaLib::ApplyConfiguration() {
     Procedure proc(kTag, "ApplyConfiguration");
-    proc.Run([&] {
-        if (!IsModified()) return;
-        proc.Log(mstrSettingsFile);
-        // A settings file marked read-only is one its user wants kept as it is.
-        const DWORD attributes = GetFileAttributesA(mstrSettingsFile.c_str());
-        if (attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_READONLY)) {
-            RaiseRuntimeError(kErrPermissionDenied, kTag);
-        }
-        for (const IniKey& key : IniKeys()) {
-            const std::string live =
-                StripNulls(ReadProfileString(mstrSettingsFile, key.Section, key.Key, key.Default));
-            std::string text;
-            bool same = false;
-            switch (key.Encoding) {
-                case IniEncoding::Text:
-                    text = this->*key.Text;
-                    same = live == text;
-                    break;
-                case IniEncoding::Flag:
-                    text = ProfileFlagText(this->*key.Flag);
-                    same = ProfileFlag(live) == this->*key.Flag;
-                    break;
-                case IniEncoding::Server:
-                    text = ComposeServer(this->*key.Text, this->*key.Port);
-                    same = SplitServer(live) == std::make_pair(this->*key.Text, this->*key.Port);
-                    break;
-                case IniEncoding::Code:
-                    // A profile without the codes has nothing to say about them.
-                    text = this->*key.Text;
-                    same = text.empty() || live == text;
-                    break;
+    proc.RunThen(
+        [&] {
+            if (!IsModified()) return;
+            proc.Log(mstrSettingsFile);
+            // The keys whose value the record changes, with the text to write.
+            std::vector<std::pair<const IniKey*, std::string>> changes;
+            for (const IniKey& key : IniKeys()) {
+                const std::string live = StripNulls(
+                    ReadProfileString(mstrSettingsFile, key.Section, key.Key, key.Default));
+                std::string text;
+                bool same = false;
+                switch (key.Encoding) {
+                    case IniEncoding::Text:
+                        text = mRecord.*key.Text;
+                        same = live == text;
+                        break;
+                    case IniEncoding::Flag:
+                        text = ProfileFlagText(mRecord.*key.Flag);
+                        same = ProfileFlag(live) == mRecord.*key.Flag;
+                        break;
+                    case IniEncoding::Server:
+                        text = ComposeServer(mRecord.*key.Text, mRecord.*key.Port);
+                        same = SplitServer(live) ==
+                               std::make_pair(mRecord.*key.Text, mRecord.*key.Port);
+                        break;
+                    case IniEncoding::Code:
+                        // A profile without the codes has nothing to say about them.
+                        text = mRecord.*key.Text;
+                        same = text.empty() || live == text;
+                        break;
+                }
+                if (!same) changes.emplace_back(&key, text);
             }
-            if (same) continue;
-            WriteProfileString(mstrSettingsFile, key.Section, key.Key, text);
-            proc.Log(std::string(key.Key) + " = " + text);
-        }
-        ResetFlags();
-    });
+            if (!changes.empty() && FileExists(mstrSettingsFile)) {
+                // A settings file marked read-only is one its user wants kept as it is.
+                const DWORD attributes = GetFileAttributesA(mstrSettingsFile.c_str());
+                if (attributes & FILE_ATTRIBUTE_READONLY)
+                    RaiseRuntimeError(kErrPermissionDenied, kTag);
+                // Whatever else has the name is not Opera's to lose.
+                if (!IsOperaSettingsFile(mstrSettingsFile))
+                    throw RwzError(kErrPathFileAccess, kTag, "not an Opera settings file");
+            }
+            for (const auto& [key, text] : changes) {
+                WriteProfileString(mstrSettingsFile, key->Section, key->Key, text);
+                proc.Log(std::string(key->Key) + " = " + text);
+            }
+            ResetFlags();
+        },
+        [&] {
+            ShowBrowserMessage("Could not apply Opera preferences to '" + mstrSettingsFile + "'.");
+        });
 }
 
 void OperaLib::LoadConfigurationFile(const std::string& astrFile) {

@@ -21,31 +21,33 @@ class OperaLib : public clsBrowserBase {
     // Finds the settings file and takes the installed version.
     OperaLib();
 
+    // "Identify as Opera", "... Mozilla 5.0", "... Mozilla 4.78", "... Mozilla
+    // 3.0", "... MSIE 6.0", in the order of Opera's own menu.
+    std::vector<std::string> GetUserAgents() const override;
+    // Does nothing when the settings file does not exist.
+    void LoadConfiguration() override;
+    // Writes the keys the record changes. A file that is read-only or not
+    // Opera's ("Opera Preferences version" on its first line) is left alone,
+    // and the user is told, as when the file cannot be written.
+    void ApplyConfiguration() override;
+    void LoadConfigurationFile(const std::string& astrFile) override;
+
+  protected:
+    // The settings file read and written (another one for a test).
+    void SetSettingsFile(const std::string& astrFile) { mstrSettingsFile = astrFile; }
+    // Assigning CurrentUserAgent one of GetUserAgents() also sets the two
+    // codes Opera keeps for it; any other text leaves the codes as they are.
+    void Assigned(std::string BrowserRecord::*aField) override;
+
+  private:
     // "opera6.ini" under the user's application data ("\Opera\Opera7\profile\"),
     // else the one under the program files ("\Opera7\profile\"). The second
     // path also when neither file exists yet.
     static std::string FindSettingsFile();
-    // The settings file read and written; not a browser setting, so setting it
-    // leaves the modified state alone.
-    const std::string& SettingsFile() const { return mstrSettingsFile; }
-    void SetSettingsFile(const std::string& astrFile) { mstrSettingsFile = astrFile; }
-
-    // One of GetUserAgents(); also sets the two codes Opera keeps for it. A
-    // text that is not one of them leaves the codes as they are.
-    void SetCurrentUserAgent(const std::string& astrValue) override;
-    // "Identify as Opera", "... Mozilla 5.0", "... Mozilla 4.78", "... Mozilla
-    // 3.0", "... MSIE 6.0", in the order of Opera's own menu.
-    std::vector<std::string> GetUserAgents() override;
     // The identity for Opera's two codes ("Spoof UserAgent ID", "Spoof Version
     // Code"); "" for codes Opera 7 does not offer in its menu.
     static std::string UserAgentOf(const std::string& astrID, const std::string& astrVersion);
-
-    // Does nothing when the settings file does not exist.
-    void LoadConfiguration() override;
-    void ApplyConfiguration() override;
-    void LoadConfigurationFile(const std::string& astrFile) override;
-
-  private:
+    static bool IsOperaSettingsFile(const std::string& astrFile);
     struct IniKey;
     static const std::vector<IniKey>& IniKeys();
     void DeriveFromCodesAndSwitches();

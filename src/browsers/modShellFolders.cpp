@@ -4,7 +4,7 @@
 #include <shlobj.h>
 
 #include "platform/Procedure.h"
-#include "platform/clsEasyRegistry.h"
+#include "platform/modRegistry.h"
 #include "platform/modUtilities.h"
 
 namespace rwz {
@@ -40,13 +40,7 @@ std::string RegistryPath(int aintFolder) {
     } else {
         return "";
     }
-    clsEasyRegistry registry;
-    registry.SetSuppressErrors(true);
-    registry.SetCurrentKey(key);
-    if (registry.LastError() != 0) return "";
-    const RegistryValue data = registry.ValueOf(value);
-    if (registry.LastError() != 0 || data.Type != kRegString) return "";
-    return StripNulls(data.Text);
+    return StripNulls(reg::ReadText(key, value).value_or(std::string()));
 }
 
 }  // namespace

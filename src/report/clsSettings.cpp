@@ -74,20 +74,20 @@ std::string VersionText(const IBrowser& aBrowser) {
 }
 
 bool AnyOperaProxy(const IBrowser& aBrowser) {
-    return aBrowser.HTTPProxyEnabled() || aBrowser.SecureProxyEnabled() ||
-           aBrowser.FTPProxyEnabled() || aBrowser.GopherProxyEnabled() ||
-           aBrowser.WAISProxyEnabled();
+    return aBrowser.Record().HTTPProxyEnabled || aBrowser.Record().SecureProxyEnabled ||
+           aBrowser.Record().FTPProxyEnabled || aBrowser.Record().GopherProxyEnabled ||
+           aBrowser.Record().WAISProxyEnabled;
 }
 
 // How the browser finds its proxy. Netscape keeps one choice; Opera's
 // automatic configuration wins over its per-protocol switches.
 std::string ProxyConnectionType(const IBrowser& aBrowser, ReportBrowser aKind) {
     if (aKind == ReportBrowser::Netscape) {
-        if (aBrowser.ProxyEnabled()) return kManualProxy;
-        if (aBrowser.ConnectViaLAN()) return kDirectConnection;
+        if (aBrowser.Record().ProxyEnabled) return kManualProxy;
+        if (aBrowser.Record().ConnectViaLAN) return kDirectConnection;
         return kAutomaticProxy;
     }
-    if (aBrowser.UseAutoConfigURL()) return kAutomaticProxy;
+    if (aBrowser.Record().UseAutoConfigURL) return kAutomaticProxy;
     if (AnyOperaProxy(aBrowser)) return kManualProxy;
     return kDirectConnection;
 }
@@ -187,54 +187,59 @@ std::string clsSettings::GetBrowserSettings(const IBrowser* aobjBrowser, ReportB
         Lines lines;
         lines.Banner(ie ? kInternetExplorerTitle : netscape ? kNetscapeTitle : kOperaTitle);
         lines.Add("Version", VersionText(browser));
-        if (opera) lines.Add("Browser Identification", browser.CurrentUserAgent());
-        if (netscape) lines.Add("Profile", browser.CurrentProfile());
+        if (opera) lines.Add("Browser Identification", browser.Record().CurrentUserAgent);
+        if (netscape) lines.Add("Profile", browser.Record().CurrentProfile);
 
         // Internet Explorer's proxy choice is told by the lines below; its
         // connection type is the dial-up choice further down.
         if (!ie) lines.Add("Connection Type", ProxyConnectionType(browser, aBrowser));
-        if (netscape) lines.Add("Configuration Location", browser.AutoConfigURL());
-        if (ie) lines.Add("Use Proxy Server", browser.ProxyEnabled());
+        if (netscape) lines.Add("Configuration Location", browser.Record().AutoConfigURL);
+        if (ie) lines.Add("Use Proxy Server", browser.Record().ProxyEnabled);
         lines.Add("HTTP Proxy Server",
-                  proxy(browser.HTTPAddress(), browser.HTTPPort(), browser.HTTPProxyEnabled()));
-        lines.Add("Secure Proxy Server", proxy(browser.SecureAddress(), browser.SecurePort(),
-                                               browser.SecureProxyEnabled()));
-        lines.Add("FTP Proxy Server",
-                  proxy(browser.FTPAddress(), browser.FTPPort(), browser.FTPProxyEnabled()));
-        lines.Add("Gopher Proxy Server", proxy(browser.GopherAddress(), browser.GopherPort(),
-                                               browser.GopherProxyEnabled()));
+                  proxy(browser.Record().HTTPAddress, browser.Record().HTTPPort,
+                        browser.Record().HTTPProxyEnabled));
+        lines.Add("Secure Proxy Server",
+                  proxy(browser.Record().SecureAddress, browser.Record().SecurePort,
+                        browser.Record().SecureProxyEnabled));
+        lines.Add("FTP Proxy Server", proxy(browser.Record().FTPAddress, browser.Record().FTPPort,
+                                            browser.Record().FTPProxyEnabled));
+        lines.Add("Gopher Proxy Server",
+                  proxy(browser.Record().GopherAddress, browser.Record().GopherPort,
+                        browser.Record().GopherProxyEnabled));
         if (!opera)
             lines.Add("Socks Proxy Server",
-                      ReportProxy(browser.SocksAddress(), browser.SocksPort()));
-        if (netscape) lines.Add("Socks Version", browser.SocksVersion());
+                      ReportProxy(browser.Record().SocksAddress, browser.Record().SocksPort));
+        if (netscape) lines.Add("Socks Version", browser.Record().SocksVersion);
         if (!ie)
             lines.Add("WAIS Proxy Server",
-                      proxy(browser.WAISAddress(), browser.WAISPort(), browser.WAISProxyEnabled()));
-        lines.Add("Proxy Exceptions", Switched(ReportList(browser.ProxyExceptions()),
-                                               !opera || browser.ProxyExceptionsEnabled()));
+                      proxy(browser.Record().WAISAddress, browser.Record().WAISPort,
+                            browser.Record().WAISProxyEnabled));
+        lines.Add("Proxy Exceptions", Switched(ReportList(browser.Record().ProxyExceptions),
+                                               !opera || browser.Record().ProxyExceptionsEnabled));
         if (!netscape)
             lines.Add("Automatic Configuration URL",
-                      Switched(browser.AutoConfigURL(), !opera || browser.UseAutoConfigURL()));
+                      Switched(browser.Record().AutoConfigURL,
+                               !opera || browser.Record().UseAutoConfigURL));
         if (ie) {
-            lines.Add("Auto. Detect Settings", browser.AutoDetectSettings());
-            lines.Add("Use Same Proxy", browser.UseSameProxy());
-            lines.Add("Bypass Proxy for Intranet", browser.IgnoreLocalAddresses());
-            lines.Add("Connection Type", browser.ConnectViaLAN() ? kViaLAN : kViaModem);
-            lines.Add("Dial-Up Account", browser.CurrentDUN());
+            lines.Add("Auto. Detect Settings", browser.Record().AutoDetectSettings);
+            lines.Add("Use Same Proxy", browser.Record().UseSameProxy);
+            lines.Add("Bypass Proxy for Intranet", browser.Record().IgnoreLocalAddresses);
+            lines.Add("Connection Type", browser.Record().ConnectViaLAN ? kViaLAN : kViaModem);
+            lines.Add("Dial-Up Account", browser.Record().CurrentDUN);
         }
-        lines.Add("Default Home Page", browser.DefaultHomePage());
+        lines.Add("Default Home Page", browser.Record().DefaultHomePage);
 
         if (netscape) {
             lines.Banner(kNetscapeMailTitle);
-            lines.Add("Full Name", browser.EMailFullName());
-            lines.Add("E-Mail Address", browser.EMailAddr());
-            lines.Add("Replay-To Address", browser.EMailReplyToAddr());
-            lines.Add("POP3 Server", browser.EMailPOP3Server());
-            lines.Add("POP3 Login Name", browser.EMailPOP3Login());
-            lines.Add("SMTP Server", browser.EMailSMTPServer());
-            lines.Add("SMTP Login Name", browser.EMailSMTPLogin());
-            lines.Add("Organization", browser.EMailOrganization());
-            lines.Add("Leave Mail on Server", browser.EMailLeaveMailOnServer());
+            lines.Add("Full Name", browser.Record().EMailFullName);
+            lines.Add("E-Mail Address", browser.Record().EMailAddr);
+            lines.Add("Replay-To Address", browser.Record().EMailReplyToAddr);
+            lines.Add("POP3 Server", browser.Record().EMailPOP3Server);
+            lines.Add("POP3 Login Name", browser.Record().EMailPOP3Login);
+            lines.Add("SMTP Server", browser.Record().EMailSMTPServer);
+            lines.Add("SMTP Login Name", browser.Record().EMailSMTPLogin);
+            lines.Add("Organization", browser.Record().EMailOrganization);
+            lines.Add("Leave Mail on Server", browser.Record().EMailLeaveMailOnServer);
         }
         return lines.Text();
     });

@@ -25,38 +25,39 @@ std::vector<int> clsBrowserTab::RefillFrom(IBrowser* aobjBrowser, bool ablnAssig
 
 // The page is shown before a back end exists and stays without one when the
 // browser is not installed: then a binding neither shows nor assigns anything.
-void clsBrowserTab::BindText(int aintControlId, TextGetter get, TextSetter set) {
+void clsBrowserTab::BindText(int aintControlId, TextField aField) {
     mBindings.AddText(
-        aintControlId, [this, get] { return mobjBrowser ? (mobjBrowser->*get)() : std::string(); },
-        [this, set](const std::string& value) {
-            if (mobjBrowser) (mobjBrowser->*set)(value);
+        aintControlId,
+        [this, aField] { return mobjBrowser ? mobjBrowser->Record().*aField : std::string(); },
+        [this, aField](const std::string& value) {
+            if (mobjBrowser) mobjBrowser->Assign(aField, value);
         });
 }
 
-void clsBrowserTab::BindCheck(int aintControlId, FlagGetter get, FlagSetter set) {
+void clsBrowserTab::BindCheck(int aintControlId, FlagField aField) {
     mBindings.AddCheck(
-        aintControlId, [this, get] { return mobjBrowser && (mobjBrowser->*get)(); },
-        [this, set](bool value) {
-            if (mobjBrowser) (mobjBrowser->*set)(value);
+        aintControlId, [this, aField] { return mobjBrowser && mobjBrowser->Record().*aField; },
+        [this, aField](bool value) {
+            if (mobjBrowser) mobjBrowser->Assign(aField, value);
         });
 }
 
-void clsBrowserTab::BindOptionPair(int aintTrueId, int aintFalseId, FlagGetter get,
-                                   FlagSetter set) {
+void clsBrowserTab::BindOptionPair(int aintTrueId, int aintFalseId, FlagField aField) {
     mBindings.AddOptionPair(
-        aintTrueId, aintFalseId, [this, get] { return mobjBrowser && (mobjBrowser->*get)(); },
-        [this, set](bool value) {
-            if (mobjBrowser) (mobjBrowser->*set)(value);
+        aintTrueId, aintFalseId,
+        [this, aField] { return mobjBrowser && mobjBrowser->Record().*aField; },
+        [this, aField](bool value) {
+            if (mobjBrowser) mobjBrowser->Assign(aField, value);
         });
 }
 
-void clsBrowserTab::BindList(int aintControlId, ListGetter items, TextGetter get, TextSetter set) {
+void clsBrowserTab::BindList(int aintControlId, ListGetter items, TextField aField) {
     mBindings.AddList(
         aintControlId,
         [this, items] { return mobjBrowser ? items(*mobjBrowser) : std::vector<std::string>(); },
-        [this, get] { return mobjBrowser ? (mobjBrowser->*get)() : std::string(); },
-        [this, set](const std::string& value) {
-            if (mobjBrowser) (mobjBrowser->*set)(value);
+        [this, aField] { return mobjBrowser ? mobjBrowser->Record().*aField : std::string(); },
+        [this, aField](const std::string& value) {
+            if (mobjBrowser) mobjBrowser->Assign(aField, value);
         });
 }
 

@@ -1,5 +1,5 @@
 // What the browser pages of the main window share: they edit one browser back
-// end through its IBrowser properties, bind every field to one property with
+// end through its record, bind every field to one property with
 // FieldBindings, and grey the fields that the values shown leave unused.
 #pragma once
 
@@ -31,16 +31,14 @@ class clsBrowserTab : public clsTabPage {
     // The object name of the page's log lines.
     virtual const char* LogTag() const = 0;
 
-    using TextGetter = std::string (IBrowser::*)() const;
-    using TextSetter = void (IBrowser::*)(const std::string&);
-    using FlagGetter = bool (IBrowser::*)() const;
-    using FlagSetter = void (IBrowser::*)(bool);
+    using TextField = std::string BrowserRecord::*;
+    using FlagField = bool BrowserRecord::*;
     using ListGetter = std::function<std::vector<std::string>(IBrowser&)>;
 
-    void BindText(int aintControlId, TextGetter get, TextSetter set);
-    void BindCheck(int aintControlId, FlagGetter get, FlagSetter set);
-    void BindOptionPair(int aintTrueId, int aintFalseId, FlagGetter get, FlagSetter set);
-    void BindList(int aintControlId, ListGetter items, TextGetter get, TextSetter set);
+    void BindText(int aintControlId, TextField aField);
+    void BindCheck(int aintControlId, FlagField aField);
+    void BindOptionPair(int aintTrueId, int aintFalseId, FlagField aField);
+    void BindList(int aintControlId, ListGetter items, TextField aField);
 
     bool IsChecked(int aintControlId) const;
     void Enable(int aintControlId, bool ablnEnabled) const;

@@ -15,30 +15,29 @@ IBrowser* frmExplorerTab::BackEnd(clsRwzConfig& aobjConfig) const {
 }
 
 void frmExplorerTab::OnCreate() {
-    using B = IBrowser;
-    BindText(IDC_IE_TEXT0, &B::DefaultHomePage, &B::SetDefaultHomePage);
-    BindCheck(IDC_IE_CHECK0, &B::ProxyEnabled, &B::SetProxyEnabled);
-    BindCheck(IDC_IE_CHECK1, &B::UseSameProxy, &B::SetUseSameProxy);
-    BindText(IDC_IE_TEXT1, &B::HTTPAddress, &B::SetHTTPAddress);
-    BindText(IDC_IE_TEXT2, &B::HTTPPort, &B::SetHTTPPort);
-    BindText(IDC_IE_TEXT3, &B::SecureAddress, &B::SetSecureAddress);
-    BindText(IDC_IE_TEXT4, &B::SecurePort, &B::SetSecurePort);
-    BindText(IDC_IE_TEXT5, &B::FTPAddress, &B::SetFTPAddress);
-    BindText(IDC_IE_TEXT6, &B::FTPPort, &B::SetFTPPort);
-    BindText(IDC_IE_TEXT7, &B::GopherAddress, &B::SetGopherAddress);
-    BindText(IDC_IE_TEXT8, &B::GopherPort, &B::SetGopherPort);
-    BindText(IDC_IE_TEXT9, &B::SocksAddress, &B::SetSocksAddress);
-    BindText(IDC_IE_TEXT10, &B::SocksPort, &B::SetSocksPort);
-    BindText(IDC_IE_TEXT11, &B::ProxyExceptions, &B::SetProxyExceptions);
-    BindCheck(IDC_IE_CHECK2, &B::IgnoreLocalAddresses, &B::SetIgnoreLocalAddresses);
-    BindCheck(IDC_IE_CHECK3, &B::AutoDetectSettings, &B::SetAutoDetectSettings);
-    BindCheck(IDC_IE_CHECK4, &B::UseAutoConfigURL, &B::SetUseAutoConfigURL);
-    BindText(IDC_IE_TEXT12, &B::AutoConfigURL, &B::SetAutoConfigURL);
-    BindOptionPair(IDC_IE_OPTION0, IDC_IE_OPTION1, &B::ConnectViaLAN, &B::SetConnectViaLAN);
+    using B = BrowserRecord;
+    BindText(IDC_IE_TEXT0, &B::DefaultHomePage);
+    BindCheck(IDC_IE_CHECK0, &B::ProxyEnabled);
+    BindCheck(IDC_IE_CHECK1, &B::UseSameProxy);
+    BindText(IDC_IE_TEXT1, &B::HTTPAddress);
+    BindText(IDC_IE_TEXT2, &B::HTTPPort);
+    BindText(IDC_IE_TEXT3, &B::SecureAddress);
+    BindText(IDC_IE_TEXT4, &B::SecurePort);
+    BindText(IDC_IE_TEXT5, &B::FTPAddress);
+    BindText(IDC_IE_TEXT6, &B::FTPPort);
+    BindText(IDC_IE_TEXT7, &B::GopherAddress);
+    BindText(IDC_IE_TEXT8, &B::GopherPort);
+    BindText(IDC_IE_TEXT9, &B::SocksAddress);
+    BindText(IDC_IE_TEXT10, &B::SocksPort);
+    BindText(IDC_IE_TEXT11, &B::ProxyExceptions);
+    BindCheck(IDC_IE_CHECK2, &B::IgnoreLocalAddresses);
+    BindCheck(IDC_IE_CHECK3, &B::AutoDetectSettings);
+    BindCheck(IDC_IE_CHECK4, &B::UseAutoConfigURL);
+    BindText(IDC_IE_TEXT12, &B::AutoConfigURL);
+    BindOptionPair(IDC_IE_OPTION0, IDC_IE_OPTION1, &B::ConnectViaLAN);
     BindList(
-        IDC_IE_COMBO0, [](IBrowser& browser) { return browser.DUNList(); }, &B::CurrentDUN,
-        &B::SetCurrentDUN);
-    BindCheck(IDC_IE_CHECK5, &B::DisablePWDCache, &B::SetDisablePWDCache);
+        IDC_IE_COMBO0, [](IBrowser& browser) { return browser.Record().DUNList; }, &B::CurrentDUN);
+    BindCheck(IDC_IE_CHECK5, &B::DisablePWDCache);
 
     SetArrayCaption(IDC_IE_LABEL0, IE_TAB_LABELS, "Labels");
     SetArrayCaption(IDC_IE_FRAME0, IE_TAB_FRAMES, "Frames");

@@ -292,6 +292,8 @@ void frmMain::RunCommand(int aintId) {
         OpenMRUFile(aintId - IDM_FILE_MRU_FIRST);
         return;
     }
+    if (aintId >= IDM_ADDIN_FIRST && aintId < IDM_ADDIN_FIRST + static_cast<int>(kMaxAddIns))
+        return mnuAddIns_Click(aintId - IDM_ADDIN_FIRST);
     for (int page = 0; page < kPageCount; ++page)
         if (aintId == kAreaCommands[page]) return ToggleArea(page);
     switch (aintId) {
@@ -322,6 +324,10 @@ void frmMain::RunCommand(int aintId) {
             return ShowHelpContents();
         case IDM_HELP_ABOUT:
             return DisplayAboutDialog();
+        case IDM_HELP_UPDATE:
+            return CheckForUpdates();
+        case IDM_TOOLS_ADDINS:
+            return mnuAddInTools_Click();
     }
 }
 
@@ -351,6 +357,7 @@ void frmMain::Form_Load() {
         mobjMRU.GetRecentList();
         InitializeMenu();
         InitializeForm();
+        InitializeAddIns();
 
         const std::string text = CommandLineText();
         if (!text.empty()) {

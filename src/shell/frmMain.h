@@ -100,6 +100,14 @@ class frmMain : public clsDialog, public ITabHost {
     void ExitApplication();
     std::string ProfileFolder() const;
 
+    // Add-ins and the update check (frmMainAddIns.cpp, frmMainUpdates.cpp).
+    static constexpr size_t kMaxAddIns = 100;
+    void InitializeAddIns();
+    void mnuAddIns_Click(int aintIndex);
+    void mnuAddInTools_Click();
+    void DisplayAddInManager();
+    void CheckForUpdates();
+
     HINSTANCE mhInstance;
     HWND mhToolbar = nullptr;
     HWND mhStatusBar = nullptr;
@@ -138,6 +146,7 @@ class frmMain : public clsDialog, public ITabHost {
     clsMRUList mobjMRU;
     std::unique_ptr<clsRwzConfig> mobjConfig;
     AddInCollection mcolAddIns;
+    std::vector<std::string> mstrAddInNames;  // the collection's keys, in its order
 };
 
 }  // namespace rwz

@@ -19,6 +19,7 @@
 #define IDM_TOOLS_OPTIONS 40201
 #define IDM_TOOLS_ADDINS 40202
 #define IDM_TOOLS_LANGUAGE 40203
+#define IDM_ADDIN_FIRST 40500  // one entry per started add-in, up to 100
 // Help menu.
 #define IDM_HELP_CONTENTS 40301
 #define IDM_HELP_UPDATE 40302

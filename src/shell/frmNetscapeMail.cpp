@@ -20,29 +20,23 @@ ControlArray Controls(HWND window, int aintFirstId, int aintCount) {
 }  // namespace
 
 const std::array<NetscapeMailField, 8>& NetscapeMailFields() {
-    using B = IBrowser;
-    static const std::array<NetscapeMailField, 8> fields = {{
-        {&B::EMailFullName, &B::SetEMailFullName},
-        {&B::EMailAddr, &B::SetEMailAddr},
-        {&B::EMailReplyToAddr, &B::SetEMailReplyToAddr},
-        {&B::EMailOrganization, &B::SetEMailOrganization},
-        {&B::EMailPOP3Server, &B::SetEMailPOP3Server},
-        {&B::EMailPOP3Login, &B::SetEMailPOP3Login},
-        {&B::EMailSMTPServer, &B::SetEMailSMTPServer},
-        {&B::EMailSMTPLogin, &B::SetEMailSMTPLogin},
-    }};
+    using B = BrowserRecord;
+    static const std::array<NetscapeMailField, 8> fields = {
+        &B::EMailFullName,   &B::EMailAddr,      &B::EMailReplyToAddr, &B::EMailOrganization,
+        &B::EMailPOP3Server, &B::EMailPOP3Login, &B::EMailSMTPServer,  &B::EMailSMTPLogin,
+    };
     return fields;
 }
 
 frmNetscapeMail::frmNetscapeMail(IBrowser& aobjBrowser) : mobjBrowser(aobjBrowser) {
     const auto& fields = NetscapeMailFields();
     for (size_t i = 0; i < fields.size(); ++i) {
-        mstrTexts[i] = (mobjBrowser.*fields[i].get)();
+        mstrTexts[i] = mobjBrowser.Record().*fields[i];
         mBindings.AddText(
             IDC_NSMAIL_TEXT0 + static_cast<int>(i), [this, i] { return mstrTexts[i]; },
             [this, i](const std::string& value) { mstrTexts[i] = value; });
     }
-    mblnLeaveOnServer = mobjBrowser.EMailLeaveMailOnServer();
+    mblnLeaveOnServer = mobjBrowser.Record().EMailLeaveMailOnServer;
     mBindings.AddCheck(
         IDC_NSMAIL_CHECK0, [this] { return mblnLeaveOnServer; },
         [this](bool value) { mblnLeaveOnServer = value; });
@@ -98,12 +92,12 @@ void frmNetscapeMail::cmdOK_Click() {
         // leaves the area as it was.
         const auto& fields = NetscapeMailFields();
         for (size_t i = 0; i < fields.size(); ++i) {
-            if ((mobjBrowser.*fields[i].get)() == mstrTexts[i]) continue;
-            (mobjBrowser.*fields[i].set)(mstrTexts[i]);
+            if (mobjBrowser.Record().*fields[i] == mstrTexts[i]) continue;
+            mobjBrowser.Assign(fields[i], mstrTexts[i]);
             mblnAssigned = true;
         }
-        if (mobjBrowser.EMailLeaveMailOnServer() != mblnLeaveOnServer) {
-            mobjBrowser.SetEMailLeaveMailOnServer(mblnLeaveOnServer);
+        if (mobjBrowser.Record().EMailLeaveMailOnServer != mblnLeaveOnServer) {
+            mobjBrowser.Assign(&BrowserRecord::EMailLeaveMailOnServer, mblnLeaveOnServer);
             mblnAssigned = true;
         }
         proc.LogValue(mblnAssigned ? "changed" : "unchanged");

@@ -16,10 +16,7 @@
 namespace rwz {
 
 // One text setting of the mail account, in the dialog's field order.
-struct NetscapeMailField {
-    std::string (IBrowser::*get)() const;
-    void (IBrowser::*set)(const std::string&);
-};
+using NetscapeMailField = std::string BrowserRecord::*;
 // The eight text settings: full name, address, reply-to address,
 // organization, POP3 server and login, SMTP server and login. The page keeps
 // them in the same order.

@@ -4,7 +4,9 @@
 
 #include "localization/modLocalization.h"
 #include "platform/Procedure.h"
+#include "platform/modLogging.h"
 #include "platform/modUtilities.h"
+#include "shell/modCommandLine.h"
 #include "shell/frmNetscapeNoticeRes.h"
 
 namespace rwz {
@@ -43,6 +45,11 @@ INT_PTR frmNetscapeNotice::Show(HWND owner) {
 
 INT_PTR ShowNetscapeNotice(HWND owner, const std::string& astrFirstProfile) {
     frmNetscapeNotice form(astrFirstProfile);
+    // A silent run shows no window that only informs: the notice goes to the log.
+    if (!GetSwitch("hidden", GetCommandLineArgs(CommandLineText())).empty()) {
+        WriteLog(std::string(kTag) + " - " + form.NoticeText(), kLogWarning);
+        return IDOK;
+    }
     return form.Show(owner);
 }
 

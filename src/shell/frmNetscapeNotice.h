@@ -43,6 +43,7 @@ class frmNetscapeNotice : public clsDialog {
 };
 
 // Shows a new notice modally over `owner`; returns as frmNetscapeNotice::Show.
+// In a run with the "hidden" switch the notice is logged instead, and IDOK returned.
 INT_PTR ShowNetscapeNotice(HWND owner, const std::string& astrFirstProfile);
 
 }  // namespace rwz

@@ -16,13 +16,13 @@ namespace {
 // The connection in force, as NavigatorLib reads "network.proxy.type": no
 // value is direct, 1 manual proxies, anything else the configuration URL.
 bool DirectInForce(const IBrowser& browser) {
-    return browser.ConnectViaLAN();
+    return browser.Record().ConnectViaLAN;
 }
 bool ManualInForce(const IBrowser& browser) {
-    return !browser.ConnectViaLAN() && browser.ProxyEnabled();
+    return !browser.Record().ConnectViaLAN && browser.Record().ProxyEnabled;
 }
 bool AutomaticInForce(const IBrowser& browser) {
-    return !browser.ConnectViaLAN() && !browser.ProxyEnabled();
+    return !browser.Record().ConnectViaLAN && !browser.Record().ProxyEnabled;
 }
 
 }  // namespace
@@ -35,49 +35,49 @@ IBrowser* frmNetscapeTab::BackEnd(clsRwzConfig& aobjConfig) const {
 }
 
 void frmNetscapeTab::OnCreate() {
-    using B = IBrowser;
+    using B = BrowserRecord;
     // The profile comes first: the other settings are that profile's.
     mBindings.AddList(
         IDC_NETSCAPE_COMBO0,
-        [this] { return Browser() ? Browser()->ProfileList() : std::vector<std::string>(); },
-        [this] { return Browser() ? Browser()->CurrentProfile() : std::string(); },
+        [this] { return Browser() ? Browser()->Record().ProfileList : std::vector<std::string>(); },
+        [this] { return Browser() ? Browser()->Record().CurrentProfile : std::string(); },
         [this](const std::string& value) {
             if (!Browser()) return;
             if (mBindings.Refilling())
-                Browser()->SetCurrentProfile(value);
+                Browser()->Assign(&BrowserRecord::CurrentProfile, value);
             else
                 SwitchProfile(value);
         });
-    BindText(IDC_NETSCAPE_TEXT0, &B::DefaultHomePage, &B::SetDefaultHomePage);
+    BindText(IDC_NETSCAPE_TEXT0, &B::DefaultHomePage);
 
     BindConnection(IDC_NETSCAPE_OPTION0, DirectInForce, true, false);
     BindConnection(IDC_NETSCAPE_OPTION1, ManualInForce, false, true);
     BindConnection(IDC_NETSCAPE_OPTION2, AutomaticInForce, false, false);
-    BindText(IDC_NETSCAPE_TEXT1, &B::HTTPAddress, &B::SetHTTPAddress);
-    BindText(IDC_NETSCAPE_TEXT2, &B::HTTPPort, &B::SetHTTPPort);
-    BindText(IDC_NETSCAPE_TEXT3, &B::SecureAddress, &B::SetSecureAddress);
-    BindText(IDC_NETSCAPE_TEXT4, &B::SecurePort, &B::SetSecurePort);
-    BindText(IDC_NETSCAPE_TEXT5, &B::FTPAddress, &B::SetFTPAddress);
-    BindText(IDC_NETSCAPE_TEXT6, &B::FTPPort, &B::SetFTPPort);
-    BindText(IDC_NETSCAPE_TEXT7, &B::GopherAddress, &B::SetGopherAddress);
-    BindText(IDC_NETSCAPE_TEXT8, &B::GopherPort, &B::SetGopherPort);
-    BindText(IDC_NETSCAPE_TEXT9, &B::WAISAddress, &B::SetWAISAddress);
-    BindText(IDC_NETSCAPE_TEXT10, &B::WAISPort, &B::SetWAISPort);
-    BindText(IDC_NETSCAPE_TEXT11, &B::SocksAddress, &B::SetSocksAddress);
-    BindText(IDC_NETSCAPE_TEXT12, &B::SocksPort, &B::SetSocksPort);
+    BindText(IDC_NETSCAPE_TEXT1, &B::HTTPAddress);
+    BindText(IDC_NETSCAPE_TEXT2, &B::HTTPPort);
+    BindText(IDC_NETSCAPE_TEXT3, &B::SecureAddress);
+    BindText(IDC_NETSCAPE_TEXT4, &B::SecurePort);
+    BindText(IDC_NETSCAPE_TEXT5, &B::FTPAddress);
+    BindText(IDC_NETSCAPE_TEXT6, &B::FTPPort);
+    BindText(IDC_NETSCAPE_TEXT7, &B::GopherAddress);
+    BindText(IDC_NETSCAPE_TEXT8, &B::GopherPort);
+    BindText(IDC_NETSCAPE_TEXT9, &B::WAISAddress);
+    BindText(IDC_NETSCAPE_TEXT10, &B::WAISPort);
+    BindText(IDC_NETSCAPE_TEXT11, &B::SocksAddress);
+    BindText(IDC_NETSCAPE_TEXT12, &B::SocksPort);
     BindList(
         IDC_NETSCAPE_COMBO1,
         [](IBrowser&) {
             return std::vector<std::string>{"4", "5"};
         },
-        &B::SocksVersion, &B::SetSocksVersion);
-    BindText(IDC_NETSCAPE_TEXT13, &B::ProxyExceptions, &B::SetProxyExceptions);
-    BindText(IDC_NETSCAPE_TEXT14, &B::AutoConfigURL, &B::SetAutoConfigURL);
+        &B::SocksVersion);
+    BindText(IDC_NETSCAPE_TEXT13, &B::ProxyExceptions);
+    BindText(IDC_NETSCAPE_TEXT14, &B::AutoConfigURL);
 
     const auto& mail = NetscapeMailFields();
     for (size_t i = 0; i < mail.size(); ++i)
-        BindText(IDC_NETSCAPE_TEXT15 + static_cast<int>(i), mail[i].get, mail[i].set);
-    BindCheck(IDC_NETSCAPE_CHECK0, &B::EMailLeaveMailOnServer, &B::SetEMailLeaveMailOnServer);
+        BindText(IDC_NETSCAPE_TEXT15 + static_cast<int>(i), mail[i]);
+    BindCheck(IDC_NETSCAPE_CHECK0, &B::EMailLeaveMailOnServer);
 
     SetDlgItemTextA(mhWnd, IDC_NETSCAPE_LABEL10, kNavigatorMailUnavailableText);
     SetArrayCaption(IDC_NETSCAPE_LABEL0, NETSCAPE_TAB_LABELS, "Labels");
@@ -96,11 +96,11 @@ void frmNetscapeTab::BindConnection(int aintOptionId, bool (*inForce)(const IBro
             if (!browser) return;
             if (mBindings.Refilling()) {
                 // A profile shows another connection: it is the profile's own.
-                browser->SetConnectViaLAN(browser->ConnectViaLAN());
-                browser->SetProxyEnabled(browser->ProxyEnabled());
+                browser->Assign(&BrowserRecord::ConnectViaLAN, browser->Record().ConnectViaLAN);
+                browser->Assign(&BrowserRecord::ProxyEnabled, browser->Record().ProxyEnabled);
             } else if (ablnChosen) {
-                browser->SetConnectViaLAN(ablnDirect);
-                browser->SetProxyEnabled(ablnManual);
+                browser->Assign(&BrowserRecord::ConnectViaLAN, ablnDirect);
+                browser->Assign(&BrowserRecord::ProxyEnabled, ablnManual);
             }
         });
 }
@@ -110,7 +110,7 @@ void frmNetscapeTab::SwitchProfile(const std::string& astrProfile) {
     proc.Run([&] {
         proc.LogValue(astrProfile);
         IBrowser* browser = Browser();
-        browser->SetCurrentProfile(astrProfile);
+        browser->Assign(&BrowserRecord::CurrentProfile, astrProfile);
         browser->LoadConfiguration();
         RefillFrom(browser, false);
     });

@@ -15,30 +15,30 @@ IBrowser* frmOperaTab::BackEnd(clsRwzConfig& aobjConfig) const {
 }
 
 void frmOperaTab::OnCreate() {
-    using B = IBrowser;
-    BindText(IDC_OPERA_TEXT0, &B::DefaultHomePage, &B::SetDefaultHomePage);
-    BindCheck(IDC_OPERA_CHECK0, &B::HTTPProxyEnabled, &B::SetHTTPProxyEnabled);
-    BindText(IDC_OPERA_TEXT1, &B::HTTPAddress, &B::SetHTTPAddress);
-    BindText(IDC_OPERA_TEXT2, &B::HTTPPort, &B::SetHTTPPort);
-    BindCheck(IDC_OPERA_CHECK1, &B::SecureProxyEnabled, &B::SetSecureProxyEnabled);
-    BindText(IDC_OPERA_TEXT3, &B::SecureAddress, &B::SetSecureAddress);
-    BindText(IDC_OPERA_TEXT4, &B::SecurePort, &B::SetSecurePort);
-    BindCheck(IDC_OPERA_CHECK2, &B::FTPProxyEnabled, &B::SetFTPProxyEnabled);
-    BindText(IDC_OPERA_TEXT5, &B::FTPAddress, &B::SetFTPAddress);
-    BindText(IDC_OPERA_TEXT6, &B::FTPPort, &B::SetFTPPort);
-    BindCheck(IDC_OPERA_CHECK3, &B::GopherProxyEnabled, &B::SetGopherProxyEnabled);
-    BindText(IDC_OPERA_TEXT7, &B::GopherAddress, &B::SetGopherAddress);
-    BindText(IDC_OPERA_TEXT8, &B::GopherPort, &B::SetGopherPort);
-    BindCheck(IDC_OPERA_CHECK4, &B::WAISProxyEnabled, &B::SetWAISProxyEnabled);
-    BindText(IDC_OPERA_TEXT9, &B::WAISAddress, &B::SetWAISAddress);
-    BindText(IDC_OPERA_TEXT10, &B::WAISPort, &B::SetWAISPort);
-    BindCheck(IDC_OPERA_CHECK5, &B::ProxyExceptionsEnabled, &B::SetProxyExceptionsEnabled);
-    BindText(IDC_OPERA_TEXT11, &B::ProxyExceptions, &B::SetProxyExceptions);
-    BindCheck(IDC_OPERA_CHECK6, &B::UseAutoConfigURL, &B::SetUseAutoConfigURL);
-    BindText(IDC_OPERA_TEXT12, &B::AutoConfigURL, &B::SetAutoConfigURL);
+    using B = BrowserRecord;
+    BindText(IDC_OPERA_TEXT0, &B::DefaultHomePage);
+    BindCheck(IDC_OPERA_CHECK0, &B::HTTPProxyEnabled);
+    BindText(IDC_OPERA_TEXT1, &B::HTTPAddress);
+    BindText(IDC_OPERA_TEXT2, &B::HTTPPort);
+    BindCheck(IDC_OPERA_CHECK1, &B::SecureProxyEnabled);
+    BindText(IDC_OPERA_TEXT3, &B::SecureAddress);
+    BindText(IDC_OPERA_TEXT4, &B::SecurePort);
+    BindCheck(IDC_OPERA_CHECK2, &B::FTPProxyEnabled);
+    BindText(IDC_OPERA_TEXT5, &B::FTPAddress);
+    BindText(IDC_OPERA_TEXT6, &B::FTPPort);
+    BindCheck(IDC_OPERA_CHECK3, &B::GopherProxyEnabled);
+    BindText(IDC_OPERA_TEXT7, &B::GopherAddress);
+    BindText(IDC_OPERA_TEXT8, &B::GopherPort);
+    BindCheck(IDC_OPERA_CHECK4, &B::WAISProxyEnabled);
+    BindText(IDC_OPERA_TEXT9, &B::WAISAddress);
+    BindText(IDC_OPERA_TEXT10, &B::WAISPort);
+    BindCheck(IDC_OPERA_CHECK5, &B::ProxyExceptionsEnabled);
+    BindText(IDC_OPERA_TEXT11, &B::ProxyExceptions);
+    BindCheck(IDC_OPERA_CHECK6, &B::UseAutoConfigURL);
+    BindText(IDC_OPERA_TEXT12, &B::AutoConfigURL);
     BindList(
         IDC_OPERA_COMBO0, [](IBrowser& browser) { return browser.GetUserAgents(); },
-        &B::CurrentUserAgent, &B::SetCurrentUserAgent);
+        &B::CurrentUserAgent);
 
     SetArrayCaption(IDC_OPERA_LABEL0, OPERA_TAB_LABELS, "Labels");
     SetArrayCaption(IDC_OPERA_FRAME0, OPERA_TAB_FRAMES, "Frames");

@@ -106,42 +106,42 @@ TEST(GetNetSettings, SaysWhenThereIsNoAdapterOrPrinter) {
 // A browser with every setting filled, so that each line shows whether it
 // belongs to the browser.
 void FillProxies(StandInBrowser& browser) {
-    browser.SetHTTPAddress("proxy.northwind.test");
-    browser.SetHTTPPort("8080");
-    browser.SetSecureAddress("proxy.northwind.test");
-    browser.SetSecurePort("8443");
-    browser.SetFTPAddress("proxy.northwind.test");
-    browser.SetFTPPort("2121");
-    browser.SetGopherAddress("proxy.northwind.test");
-    browser.SetGopherPort("70");
-    browser.SetSocksAddress("socks.northwind.test");
-    browser.SetSocksPort("1080");
-    browser.SetWAISAddress("wais.northwind.test");
-    browser.SetWAISPort("210");
-    browser.SetSocksVersion("5");
-    browser.SetAutoConfigURL("http://wpad.northwind.test/proxy.pac");
-    browser.SetDefaultHomePage("http://intranet.northwind.test/");
-    browser.SetCurrentDUN("Northwind Dial-Up");
-    browser.SetCurrentProfile("fieldeng");
-    browser.SetCurrentUserAgent("Identify as MSIE 6.0");
-    browser.SetEMailFullName("Field Engineer");
-    browser.SetEMailAddr("field@northwind.test");
-    browser.SetEMailReplyToAddr("office@northwind.test");
-    browser.SetEMailPOP3Server("pop.northwind.test");
-    browser.SetEMailPOP3Login("field");
-    browser.SetEMailSMTPServer("smtp.northwind.test");
-    browser.SetEMailSMTPLogin("field-out");
-    browser.SetEMailOrganization("Northwind Surveying");
+    browser.Assign(&BrowserRecord::HTTPAddress, "proxy.northwind.test");
+    browser.Assign(&BrowserRecord::HTTPPort, "8080");
+    browser.Assign(&BrowserRecord::SecureAddress, "proxy.northwind.test");
+    browser.Assign(&BrowserRecord::SecurePort, "8443");
+    browser.Assign(&BrowserRecord::FTPAddress, "proxy.northwind.test");
+    browser.Assign(&BrowserRecord::FTPPort, "2121");
+    browser.Assign(&BrowserRecord::GopherAddress, "proxy.northwind.test");
+    browser.Assign(&BrowserRecord::GopherPort, "70");
+    browser.Assign(&BrowserRecord::SocksAddress, "socks.northwind.test");
+    browser.Assign(&BrowserRecord::SocksPort, "1080");
+    browser.Assign(&BrowserRecord::WAISAddress, "wais.northwind.test");
+    browser.Assign(&BrowserRecord::WAISPort, "210");
+    browser.Assign(&BrowserRecord::SocksVersion, "5");
+    browser.Assign(&BrowserRecord::AutoConfigURL, "http://wpad.northwind.test/proxy.pac");
+    browser.Assign(&BrowserRecord::DefaultHomePage, "http://intranet.northwind.test/");
+    browser.Assign(&BrowserRecord::CurrentDUN, "Northwind Dial-Up");
+    browser.Assign(&BrowserRecord::CurrentProfile, "fieldeng");
+    browser.Assign(&BrowserRecord::CurrentUserAgent, "Identify as MSIE 6.0");
+    browser.Assign(&BrowserRecord::EMailFullName, "Field Engineer");
+    browser.Assign(&BrowserRecord::EMailAddr, "field@northwind.test");
+    browser.Assign(&BrowserRecord::EMailReplyToAddr, "office@northwind.test");
+    browser.Assign(&BrowserRecord::EMailPOP3Server, "pop.northwind.test");
+    browser.Assign(&BrowserRecord::EMailPOP3Login, "field");
+    browser.Assign(&BrowserRecord::EMailSMTPServer, "smtp.northwind.test");
+    browser.Assign(&BrowserRecord::EMailSMTPLogin, "field-out");
+    browser.Assign(&BrowserRecord::EMailOrganization, "Northwind Surveying");
 }
 
 TEST(GetBrowserSettings, InternetExplorerShowsItsProxiesAndDialUpChoice) {
     StandInBrowser ie(BrowserSection::InternetExplorer);
     FillProxies(ie);
     ie.SetVersionText("6.0.2900.2180", 6.0f);
-    ie.SetProxyEnabled(true);
-    ie.SetProxyExceptions("*.northwind.test;10.*");
-    ie.SetIgnoreLocalAddresses(true);
-    ie.SetConnectViaLAN(true);
+    ie.Assign(&BrowserRecord::ProxyEnabled, true);
+    ie.Assign(&BrowserRecord::ProxyExceptions, "*.northwind.test;10.*");
+    ie.Assign(&BrowserRecord::IgnoreLocalAddresses, true);
+    ie.Assign(&BrowserRecord::ConnectViaLAN, true);
     EXPECT_EQ(Text({
                   kStars,
                   "*             Internet Explorer            *",
@@ -164,7 +164,7 @@ TEST(GetBrowserSettings, InternetExplorerShowsItsProxiesAndDialUpChoice) {
               }),
               clsSettings().GetBrowserSettings(&ie, ReportBrowser::InternetExplorer));
 
-    ie.SetConnectViaLAN(false);
+    ie.Assign(&BrowserRecord::ConnectViaLAN, false);
     EXPECT_NE(
         std::string::npos,
         clsSettings()
@@ -176,9 +176,9 @@ TEST(GetBrowserSettings, NetscapeShowsItsProfileSocksWaisAndMail) {
     StandInBrowser netscape(BrowserSection::Navigator);
     FillProxies(netscape);
     netscape.SetVersionText("", 4.79f);
-    netscape.SetProxyEnabled(true);
-    netscape.SetProxyExceptions("northwind.test, localhost");
-    netscape.SetEMailLeaveMailOnServer(true);
+    netscape.Assign(&BrowserRecord::ProxyEnabled, true);
+    netscape.Assign(&BrowserRecord::ProxyExceptions, "northwind.test, localhost");
+    netscape.Assign(&BrowserRecord::EMailLeaveMailOnServer, true);
     EXPECT_EQ(Text({
                   kStars,
                   "*                  Netscape                *",
@@ -217,11 +217,11 @@ TEST(GetBrowserSettings, NetscapeConnectionTypeFollowsItsProxyChoice) {
     auto type = [&] {
         return ReportLines(clsSettings().GetBrowserSettings(&netscape, ReportBrowser::Netscape))[5];
     };
-    netscape.SetConnectViaLAN(true);
+    netscape.Assign(&BrowserRecord::ConnectViaLAN, true);
     EXPECT_EQ("Connection Type.............Direct connection to the Internet", type());
-    netscape.SetConnectViaLAN(false);
+    netscape.Assign(&BrowserRecord::ConnectViaLAN, false);
     EXPECT_EQ("Connection Type.............Automatic proxy configuration", type());
-    netscape.SetProxyEnabled(true);
+    netscape.Assign(&BrowserRecord::ProxyEnabled, true);
     EXPECT_EQ("Connection Type.............Manual proxy configuration", type());
 }
 
@@ -229,11 +229,11 @@ TEST(GetBrowserSettings, OperaMarksWhatItsSwitchesTurnOff) {
     StandInBrowser opera(BrowserSection::Opera);
     FillProxies(opera);
     opera.SetVersionText("7.54", 7.54f);
-    opera.SetHTTPProxyEnabled(true);
-    opera.SetSecureProxyEnabled(true);
-    opera.SetGopherAddress("");
-    opera.SetProxyExceptions("localhost,*.northwind.test");
-    opera.SetProxyExceptionsEnabled(true);
+    opera.Assign(&BrowserRecord::HTTPProxyEnabled, true);
+    opera.Assign(&BrowserRecord::SecureProxyEnabled, true);
+    opera.Assign(&BrowserRecord::GopherAddress, "");
+    opera.Assign(&BrowserRecord::ProxyExceptions, "localhost,*.northwind.test");
+    opera.Assign(&BrowserRecord::ProxyExceptionsEnabled, true);
     EXPECT_EQ(Text({
                   kStars,
                   "*                    Opera                 *",
@@ -255,11 +255,11 @@ TEST(GetBrowserSettings, OperaMarksWhatItsSwitchesTurnOff) {
     auto type = [&] {
         return ReportLines(clsSettings().GetBrowserSettings(&opera, ReportBrowser::Opera))[5];
     };
-    opera.SetUseAutoConfigURL(true);
+    opera.Assign(&BrowserRecord::UseAutoConfigURL, true);
     EXPECT_EQ("Connection Type.............Automatic proxy configuration", type());
-    opera.SetUseAutoConfigURL(false);
-    opera.SetHTTPProxyEnabled(false);
-    opera.SetSecureProxyEnabled(false);
+    opera.Assign(&BrowserRecord::UseAutoConfigURL, false);
+    opera.Assign(&BrowserRecord::HTTPProxyEnabled, false);
+    opera.Assign(&BrowserRecord::SecureProxyEnabled, false);
     EXPECT_EQ("Connection Type.............Direct connection to the Internet", type());
 }
 

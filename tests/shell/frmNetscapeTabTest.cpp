@@ -27,8 +27,8 @@ class MemoryNavigator : public clsBrowserBase {
         mstrVersionString = astrVersion;
         msngVersion = std::stof(astrVersion);
         mblnIsInstalled = true;
-        mcolProfileList = {"work", "Home Office"};
-        mstrCurrentProfile = "work";
+        mRecord.ProfileList = {"work", "Home Office"};
+        mRecord.CurrentProfile = "work";
         LoadConfiguration();
     }
     std::map<std::string, std::string> HomePages = {{"work", "http://intranet.work.example/"},
@@ -37,10 +37,10 @@ class MemoryNavigator : public clsBrowserBase {
 
     void LoadConfiguration() override {
         ++Loads;
-        mstrDefaultHomePage = HomePages[mstrCurrentProfile];
-        mblnProxyEnabled = true;
-        mblnConnectViaLAN = false;
-        mstrHTTPAddress = "proxy." + mstrCurrentProfile;
+        mRecord.DefaultHomePage = HomePages[mRecord.CurrentProfile];
+        mRecord.ProxyEnabled = true;
+        mRecord.ConnectViaLAN = false;
+        mRecord.HTTPAddress = "proxy." + mRecord.CurrentProfile;
         ResetFlags();
     }
     void ApplyConfiguration() override {}
@@ -113,8 +113,8 @@ TEST_F(NetscapeTabTest, ShowsTheConnectionAndGreysWhatItLeavesUnused) {
           Pick{IDC_NETSCAPE_OPTION1, false, true}}) {
         browser.ResetFlags();
         Click(pick.option);
-        EXPECT_EQ(pick.direct, browser.ConnectViaLAN()) << pick.option;
-        EXPECT_EQ(pick.manual, browser.ProxyEnabled()) << pick.option;
+        EXPECT_EQ(pick.direct, browser.Record().ConnectViaLAN) << pick.option;
+        EXPECT_EQ(pick.manual, browser.Record().ProxyEnabled) << pick.option;
         EXPECT_TRUE(browser.IsModified()) << pick.option;
         EXPECT_EQ(pick.manual, Enabled(IDC_NETSCAPE_TEXT1)) << pick.option;
         EXPECT_EQ(pick.option == IDC_NETSCAPE_OPTION2, Enabled(IDC_NETSCAPE_TEXT14));
@@ -144,7 +144,7 @@ TEST_F(NetscapeTabTest, ChoosingAnotherProfileReadsThatProfile) {
     ASSERT_TRUE(browser.IsModified());
 
     Choose(IDC_NETSCAPE_COMBO0, 1);
-    EXPECT_EQ("Home Office", browser.CurrentProfile());
+    EXPECT_EQ("Home Office", browser.Record().CurrentProfile);
     EXPECT_EQ(2, browser.Loads);
     EXPECT_EQ("about:blank", Text(IDC_NETSCAPE_TEXT0));
     EXPECT_EQ("proxy.Home Office", Text(IDC_NETSCAPE_TEXT1));
@@ -164,12 +164,12 @@ TEST_F(NetscapeTabTest, ProfileDifferingOnlyInTheMailAccountMarksTheArea) {
     // One whose mail account differs: the area is modified although the page
     // shows no mail field.
     MemoryNavigator opened("4.79");
-    opened.SetEMailSMTPLogin("pat.smtp");
-    opened.SetEMailLeaveMailOnServer(true);
+    opened.Assign(&BrowserRecord::EMailSMTPLogin, "pat.smtp");
+    opened.Assign(&BrowserRecord::EMailLeaveMailOnServer, true);
     opened.ResetFlags();
     mTab.RefillFrom(&opened, true);
     EXPECT_TRUE(opened.IsModified());
-    EXPECT_EQ("pat.smtp", opened.EMailSMTPLogin());
+    EXPECT_EQ("pat.smtp", opened.Record().EMailSMTPLogin);
     EXPECT_EQ(0, mHost.Edits);
 }
 
@@ -210,8 +210,8 @@ class MailDialogAnswer {
 
 TEST_F(NetscapeTabTest, MailDialogAssignsOnOkOnly) {
     MemoryNavigator browser("4.79");
-    browser.SetEMailSMTPServer("smtp.work.example");
-    browser.SetEMailPOP3Server("pop.work.example");
+    browser.Assign(&BrowserRecord::EMailSMTPServer, "smtp.work.example");
+    browser.Assign(&BrowserRecord::EMailPOP3Server, "pop.work.example");
     browser.ResetFlags();
     mTab.RefillFrom(&browser, false);
 
@@ -222,7 +222,7 @@ TEST_F(NetscapeTabTest, MailDialogAssignsOnOkOnly) {
         EXPECT_EQ("smtp.work.example", answer.ShownSmtp());
     }
     EXPECT_FALSE(browser.IsModified());
-    EXPECT_EQ("smtp.work.example", browser.EMailSMTPServer());
+    EXPECT_EQ("smtp.work.example", browser.Record().EMailSMTPServer);
     EXPECT_EQ(0, mHost.Edits);
 
     {
@@ -231,8 +231,8 @@ TEST_F(NetscapeTabTest, MailDialogAssignsOnOkOnly) {
                      reinterpret_cast<LPARAM>(Item(IDC_NETSCAPE_BUTTON0)));
     }
     EXPECT_TRUE(browser.IsModified());
-    EXPECT_EQ("smtp.elsewhere.example", browser.EMailSMTPServer());
-    EXPECT_EQ("pop.work.example", browser.EMailPOP3Server());
+    EXPECT_EQ("smtp.elsewhere.example", browser.Record().EMailSMTPServer);
+    EXPECT_EQ("pop.work.example", browser.Record().EMailPOP3Server);
     EXPECT_EQ(1, mHost.Edits);
     // The page's copy follows: reopening the same values assigns nothing.
     browser.ResetFlags();
