@@ -56,7 +56,7 @@ void Check(HRESULT ahResult, const char* astrStep) {
     if (FAILED(ahResult)) {
         char code[16];
         wsprintfA(code, "%08lX", static_cast<unsigned long>(ahResult));
-        Err::Raise(kErrPathFileAccess, kObject, std::string(astrStep) + " failed (0x" + code + ")");
+        throw RwzError(kErrPathFileAccess, kObject, std::string(astrStep) + " failed (0x" + code + ")");
     }
 }
 
@@ -128,9 +128,9 @@ std::string CreateDesktopShortcut(HWND ahOwner, const std::string& astrProfile) 
             WriteProfileShortcut(link, astrProfile, ProgramFolder() + "\\Rwz.exe");
             return link;
         },
-        [&] {
+        [&](const ErrorInfo& error) {
             ShowMessage(
-                Text("Failed", "The shortcut could not be created.  {%0}", {Err::Description()}),
+                Text("Failed", "The shortcut could not be created.  {%0}", {error.Description}),
                 MB_OK | MB_ICONEXCLAMATION);
             return std::string();
         });
