@@ -133,21 +133,6 @@ TEST(BrowserSection, OperaKeys) {
         EXPECT_EQ(written.Record().*flag, read.Record().*flag);
 }
 
-// Internet Explorer's section has no key of its own for the script switch: a
-// script not in use is saved without its URL, so that it reopens unused.
-TEST(BrowserSection, ScriptSwitchSurvivesSaveAndReopen) {
-    for (const bool used : {false, true}) {
-        ScratchFile file("script");
-        InternetExplorerLib written(OSFamily::XP), read(OSFamily::XP);
-        written.Assign(&R::AutoConfigURL, "http://wpad/x.pac");
-        written.Assign(&R::UseAutoConfigURL, used);
-        written.SaveConfigurationFile(file.Path());
-        read.LoadConfigurationFile(file.Path());
-        EXPECT_EQ(used, read.Record().UseAutoConfigURL);
-        EXPECT_EQ(used ? "http://wpad/x.pac" : "", read.Record().AutoConfigURL);
-    }
-}
-
 // One key line read into a record that holds "old" texts and set flags.
 struct ValueCase {
     BrowserSection Section;

@@ -5,7 +5,6 @@
 
 #include <windows.h>
 
-#include <algorithm>
 #include <string>
 #include <vector>
 
@@ -182,50 +181,6 @@ TEST_F(InternetExplorerLibTest, WritesEachSettingUnderItsNameInItsForm) {
         EXPECT_EQ(c.Data, value.Data);
         EXPECT_FALSE(ie.IsModified());
     }
-}
-
-TEST_F(InternetExplorerLibTest, FlagsKeepTheirFormAndTheirOtherBits) {
-    RawSetValue(CU, kSettings, "ProxyEnable", REG_BINARY, {0, 0, 0, 0});
-    RawSetValue(CU, kConnections, "DefaultConnectionSettings", REG_BINARY, Connection(1));
-    RawSetString(CU, kSettings, "AutoConfigURL", "http://old/x.pac");
-    InternetExplorerLib ie(OSFamily::XP);
-    ie.LoadConfiguration();
-    ie.Assign(&R::ProxyEnabled, true);
-    ie.Assign(&R::AutoDetectSettings, true);
-    ie.Assign(&R::UseAutoConfigURL, false);
-    ie.ApplyConfiguration();
-    const RawValue enable = RawQuery(CU, kSettings, "ProxyEnable");
-    EXPECT_EQ(DWORD(REG_BINARY), enable.Type);
-    EXPECT_EQ(std::vector<uint8_t>({1, 0, 0, 0}), enable.Data);
-    EXPECT_EQ(Connection(9), RawQuery(CU, kConnections, "DefaultConnectionSettings").Data);
-    EXPECT_NE(ERROR_SUCCESS, RawQuery(CU, kSettings, "AutoConfigURL").Result);
-}
-
-TEST_F(InternetExplorerLibTest, WritesNothingUnlessModifiedOrDifferent) {
-    RawSetString(CU, kSettings, "ProxyServer", "http=h:80;ftp=f:21");
-    RawSetValue(CU, kSettings, "ProxyEnable", REG_DWORD, Dword(0));
-    InternetExplorerLib ie(OSFamily::XP);
-    ie.LoadConfiguration();
-    ie.ApplyConfiguration();
-    EXPECT_NE(ERROR_SUCCESS, RawQuery(CU, kMain, "Start Page").Result);
-    // Marked modified but saying what the registry says: the list keeps its own order.
-    ie.Assign(&R::HTTPPort, "80");
-    ie.ApplyConfiguration();
-    EXPECT_EQ(Sz("http=h:80;ftp=f:21"), RawQuery(CU, kSettings, "ProxyServer").Data);
-    EXPECT_NE(ERROR_SUCCESS, RawQuery(CU, kSettings, "EnableAutodial").Result);
-    EXPECT_NE(ERROR_SUCCESS, RawQuery(LM, kAutoDial, "DefaultInternet").Result);
-}
-
-TEST_F(InternetExplorerLibTest, ListsTheDialUpEntriesOf9xByName) {
-    RawSetString(CU, "RemoteAccess\\Addresses", "Office", "x");
-    RawSetString(CU, "RemoteAccess\\Addresses", "Hotel", "y");
-    RawSetString(CU, kRemoteAccess, "InternetProfile", "Hotel");
-    InternetExplorerLib ie(OSFamily::Win9x);
-    ie.LoadConfiguration();
-    std::vector<std::string> names = ie.Record().DUNList;
-    std::sort(names.begin(), names.end());
-    EXPECT_EQ(std::vector<std::string>({"Hotel", "Office"}), names);
-    EXPECT_EQ("Hotel", ie.Record().CurrentDUN);
 }
 
 }  // namespace

@@ -11,7 +11,7 @@
 
 #include "bench/Bench.h"
 #include "bench/standins/StandIns.h"
-#include "browsers/NavigatorLibTestSupport.h"
+#include "NetscapePrefLines.h"
 #include "browsers/NetscapeMachine.h"
 
 namespace rwz::test {
