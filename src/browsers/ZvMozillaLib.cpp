@@ -1,14 +1,11 @@
 #include "browsers/ZvMozillaLib.h"
 
-#include <windows.h>
-
 #include <algorithm>
 #include <cstdio>
 #include <optional>
 
 #include "platform/Procedure.h"
 #include "platform/RwzError.h"
-#include "platform/Win32Handles.h"
 #include "platform/modLogging.h"
 
 namespace rwz {
@@ -147,42 +144,6 @@ std::string RenderingError() {
 
 // --- Reading ---------------------------------------------------------------
 
-bool ZvMozillaLib::Open(const std::string& astrFile) {
-    Procedure proc(kObject, "Open");
-    return proc.Run(
-        [&] {
-            Clear();
-            mstrFile = astrFile;
-            KernelHandle file(CreateFileA(astrFile.c_str(), GENERIC_READ,
-                                          FILE_SHARE_READ | FILE_SHARE_WRITE, nullptr,
-                                          OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr));
-            if (!file) {
-                proc.Log("cannot open " + astrFile);
-                return false;
-            }
-            DWORD high = 0;
-            const DWORD size = GetFileSize(file.Get(), &high);
-            if (size == INVALID_FILE_SIZE && GetLastError() != NO_ERROR) {
-                proc.Log("cannot read " + astrFile);
-                return false;
-            }
-            if (high != 0 || size > kMaxFileSize) {
-                proc.Log("too large for a profile registry: " + astrFile);
-                return false;
-            }
-            std::string data(size, '\0');
-            DWORD got = 0;
-            if (size != 0 &&
-                (!ReadFile(file.Get(), &data[0], size, &got, nullptr) || got != size)) {
-                proc.Log("cannot read " + astrFile);
-                return false;
-            }
-            file.Reset();
-            return ReadRegistry(data);
-        },
-        false);
-}
-
 bool ZvMozillaLib::ReadRegistry(const std::string& astrData) {
     Procedure proc(kObject, "ReadRegistry");
     return proc.RunThen(
@@ -251,7 +212,7 @@ bool ZvMozillaLib::ReadTree() {
     ZvRegKey top;
     ReadChain(mlngRoot, top, 0);
     if (!top.Entries().empty()) Damage("entry outside any key", mlngRoot);
-    mobjKeys = top.Keys();
+    mobjKeys = top.ReleaseKeys();
     return !mobjKeys.empty();
 }
 

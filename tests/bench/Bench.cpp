@@ -3,6 +3,8 @@
 
 #include <stdexcept>
 
+#include "support/RawRegistry.h"
+
 namespace bench {
 
 namespace {
@@ -188,23 +190,11 @@ std::vector<std::string> SplitLines(const std::string& text) {
 
 bool ReadRegistryString(HKEY root, const std::string& key, const std::string& value,
                         std::string& data) {
-    data.clear();
-    HKEY opened = nullptr;
-    if (RegOpenKeyExA(root, key.c_str(), 0, KEY_QUERY_VALUE, &opened) != ERROR_SUCCESS)
-        return false;
-    DWORD type = 0;
-    DWORD size = 0;
-    bool ok =
-        RegQueryValueExA(opened, value.c_str(), nullptr, &type, nullptr, &size) == ERROR_SUCCESS &&
-        (type == REG_SZ || type == REG_EXPAND_SZ);
-    if (ok) {
-        std::vector<char> buffer(size + 1, '\0');
-        ok = RegQueryValueExA(opened, value.c_str(), nullptr, nullptr,
-                              reinterpret_cast<BYTE*>(buffer.data()), &size) == ERROR_SUCCESS;
-        if (ok) data = buffer.data();
-    }
-    RegCloseKey(opened);
-    return ok;
+    const rwz::test::RawValue raw = rwz::test::RawQuery(root, key, value);
+    const bool text =
+        raw.Result == ERROR_SUCCESS && (raw.Type == REG_SZ || raw.Type == REG_EXPAND_SZ);
+    data = text ? std::string(raw.Data.begin(), raw.Data.end()).c_str() : std::string();
+    return text;
 }
 
 }  // namespace bench

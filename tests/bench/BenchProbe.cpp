@@ -2,7 +2,6 @@
 // arguments say, one after the other, and reports what happened to a file.
 //
 //   report=FILE             lines below go to FILE (appended)
-//   version                 writes "version PLATFORM MAJOR MINOR"
 //   box=FLAGS:TITLE:TEXT    MessageBoxA with those MB_ flags (decimal); writes "box RESULT"
 //   dialog=TITLE            a dialog with an edit field (id 100, "preset"), a check
 //                           box (102, ticked), option buttons (103 chosen, 104), OK
@@ -156,13 +155,6 @@ int WINAPI WinMain(HINSTANCE, HINSTANCE, LPSTR, int) {
         std::string value = equals == std::string::npos ? "" : arg.substr(equals + 1);
         if (name == "report") {
             gReport = value;
-        } else if (name == "version") {
-            OSVERSIONINFOA version = {};
-            version.dwOSVersionInfoSize = sizeof version;
-            GetVersionExA(&version);
-            Report("version " + std::to_string(version.dwPlatformId) + " " +
-                   std::to_string(version.dwMajorVersion) + " " +
-                   std::to_string(version.dwMinorVersion));
         } else if (name == "box") {
             size_t first = value.find(':');
             size_t second = value.find(':', first + 1);

@@ -1,6 +1,5 @@
-// Internet Explorer's settings against Wine's registry: each value read into
-// its own setting, each setting written under its own name in Internet
-// Explorer's own value form, and values left alone when nothing changes them.
+// Internet Explorer's settings against Wine's registry: each setting written under
+// its own name in Internet Explorer's own value form.
 #include <gtest/gtest.h>
 
 #include <windows.h>
@@ -32,13 +31,6 @@ std::vector<uint8_t> Sz(const std::string& text) {
     bytes.push_back(0);
     return bytes;
 }
-// A connection record whose flags byte (8) is `flags`.
-std::vector<uint8_t> Connection(uint8_t flags) {
-    std::vector<uint8_t> bytes(16, 0x11);
-    bytes[8] = flags;
-    return bytes;
-}
-
 void DeleteValue(HKEY root, const char* key, const char* name) {
     HKEY handle = nullptr;
     if (RegOpenKeyExA(root, key, 0, KEY_SET_VALUE, &handle) != ERROR_SUCCESS) return;
@@ -60,75 +52,6 @@ class InternetExplorerLibTest : public ::testing::Test {
         RawDeleteTree(CU, kRemoteAccess);
     }
 };
-
-// A value on the machine and the setting it gives.
-struct ReadCase {
-    HKEY Root;
-    const char* Key;
-    const char* Name;
-    DWORD Type;
-    std::vector<uint8_t> Data;
-    std::string R::*Text;
-    bool R::*Flag;
-    const char* Expected;  // the text, or "1"/"0"
-};
-
-TEST_F(InternetExplorerLibTest, ReadsEachValueIntoItsSetting) {
-    const ReadCase cases[] = {
-        {CU, kSettings, "ProxyServer", REG_SZ, Sz("http=h:80;ftp=f:21"), &R::FTPAddress, nullptr,
-         "f"},
-        {CU, kSettings, "ProxyServer", REG_SZ, Sz("proxy:8080"), &R::SecurePort, nullptr, "8080"},
-        {CU, kSettings, "ProxyServer", REG_SZ, Sz("proxy:8080"), nullptr, &R::UseSameProxy, "1"},
-        {CU, kSettings, "ProxyEnable", REG_DWORD, Dword(1), nullptr, &R::ProxyEnabled, "1"},
-        {CU, kSettings, "ProxyEnable", REG_BINARY, {1, 0, 0, 0}, nullptr, &R::ProxyEnabled, "1"},
-        {CU, kSettings, "ProxyEnable", REG_DWORD, Dword(2), nullptr, &R::ProxyEnabled, "0"},
-        {CU, kSettings, "ProxyOverride", REG_SZ, Sz("a;b;<local>"), &R::ProxyExceptions, nullptr,
-         "a;b"},
-        {CU, kSettings, "ProxyOverride", REG_SZ, Sz("<local>"), nullptr, &R::IgnoreLocalAddresses,
-         "1"},
-        {CU, kMain, "Start Page", REG_SZ, Sz("http://intranet/"), &R::DefaultHomePage, nullptr,
-         "http://intranet/"},
-        {CU, kSettings, "EnableAutoDial", REG_DWORD, Dword(1), nullptr, &R::ConnectViaLAN, "0"},
-        {CU,
-         kSettings,
-         "EnableAutoDial",
-         REG_BINARY,
-         {0, 0, 0, 0},
-         nullptr,
-         &R::ConnectViaLAN,
-         "1"},
-        {LM, kAutoDial, "DefaultInternet", REG_SZ, Sz("Office ISP"), &R::CurrentDUN, nullptr,
-         "Office ISP"},
-        {CU, kConnections, "DefaultConnectionSettings", REG_BINARY, Connection(9), nullptr,
-         &R::AutoDetectSettings, "1"},
-        {CU, kConnections, "DefaultConnectionSettings", REG_BINARY, Connection(1), nullptr,
-         &R::AutoDetectSettings, "0"},
-        {CU,
-         kConnections,
-         "DefaultConnectionSettings",
-         REG_BINARY,
-         {8, 8, 8},
-         nullptr,
-         &R::AutoDetectSettings,
-         "0"},
-        {CU, kSettings, "AutoConfigURL", REG_SZ, Sz("http://wpad/p.pac"), &R::AutoConfigURL,
-         nullptr, "http://wpad/p.pac"},
-        {CU, kSettings, "AutoConfigURL", REG_SZ, Sz("http://wpad/p.pac"), nullptr,
-         &R::UseAutoConfigURL, "1"},
-        {CU, kSettings, "DisablePasswordCaching", REG_DWORD, Dword(1), nullptr, &R::DisablePWDCache,
-         "1"},
-    };
-    for (const ReadCase& c : cases) {
-        SCOPED_TRACE(std::string(c.Name) + " " + c.Expected);
-        Clear();
-        ASSERT_EQ(ERROR_SUCCESS, RawSetValue(c.Root, c.Key, c.Name, c.Type, c.Data));
-        InternetExplorerLib ie(OSFamily::XP);
-        ie.LoadConfiguration();
-        if (c.Text) EXPECT_EQ(c.Expected, ie.Record().*c.Text);
-        if (c.Flag) EXPECT_EQ(std::string(c.Expected) == "1", ie.Record().*c.Flag);
-        EXPECT_FALSE(ie.IsModified());
-    }
-}
 
 // A setting assigned and the value applying it leaves.
 struct WriteCase {

@@ -1,6 +1,12 @@
 #include "RegistryDatWriter.h"
 
+#ifdef _WIN32
 #include <windows.h>
+#endif
+
+#include <cstdio>
+#include <cstdlib>
+#include <stdexcept>
 
 namespace rwz::test {
 
@@ -140,5 +146,115 @@ uint32_t RegistryDatWriter::GetLong(const std::string& astrBytes, uint32_t alngA
     }
     return value;
 }
+
+SampleRegistry MakeSampleRegistry() {
+    SampleRegistry s;
+    RegistryDatWriter& w = s.Writer;
+    s.Users = w.AddKey(w.Root(), "Users");
+    s.Common = w.AddKey(w.Root(), "Common");
+    s.Profiles = w.AddKey(s.Common, "Profiles");
+    s.Version = w.AddString(s.Profiles, "Version", "1.0");
+    s.CurrentProfile = w.AddString(s.Profiles, "CurrentProfile", "work");
+    s.Default = w.AddKey(s.Profiles, "default");
+    s.DefaultDirectory =
+        w.AddString(s.Default, "directory",
+                    "C:\\WINDOWS\\Application Data\\Mozilla\\Profiles\\default\\x1y2z3ab.slt");
+    s.DefaultTime = w.AddString(s.Default, "Time", "40000000");
+    w.AddString(s.Default, "migrated", "yes");
+    s.Work = w.AddKey(s.Profiles, "work");
+    s.WorkDirectory = w.AddString(s.Work, "directory",
+                                  "C:\\Documents and Settings\\ann\\Application "
+                                  "Data\\Mozilla\\Profiles\\work\\k9j8h7g6.slt");
+    w.AddEntry(s.Work, "CreationTime", 0x13, std::string("\xca\x04\x97\x3e\xf9\0\0\0", 8));
+    s.Home = w.AddKey(s.Profiles, "My Home");
+    w.AddString(s.Home, "directory", "D:\\Mozilla Profiles\\My Home");
+    s.NoDirectory = w.AddKey(s.Profiles, "nodir");
+    s.NoDirectoryMigrated = w.AddString(s.NoDirectory, "migrated", "no");
+    s.Bytes = w.Build();
+    return s;
+}
+
+std::string SampleRegistryXml() {
+    return "<?xml version=\"1.0\"?>\r\n"
+           "<Root>\r\n"
+           "\t<Users/>\r\n"
+           "\t<Common>\r\n"
+           "\t\t<Profiles>\r\n"
+           "\t\t\t<Version>1.0</Version>\r\n"
+           "\t\t\t<CurrentProfile>work</CurrentProfile>\r\n"
+           "\t\t\t<default>\r\n"
+           "\t\t\t\t<directory>C:\\WINDOWS\\Application "
+           "Data\\Mozilla\\Profiles\\default\\x1y2z3ab.slt</directory>\r\n"
+           "\t\t\t\t<Time>01/10/2004 13:37:04</Time>\r\n"
+           "\t\t\t\t<migrated>yes</migrated>\r\n"
+           "\t\t\t</default>\r\n"
+           "\t\t\t<work>\r\n"
+           "\t\t\t\t<directory>C:\\Documents and Settings\\ann\\Application "
+           "Data\\Mozilla\\Profiles\\work\\k9j8h7g6.slt</directory>\r\n"
+           "\t\t\t\t<CreationTime>1070496941258 (0xF93E9704CA)</CreationTime>\r\n"
+           "\t\t\t</work>\r\n"
+           "\t\t\t<My_Home>\r\n"
+           "\t\t\t\t<directory>D:\\Mozilla Profiles\\My Home</directory>\r\n"
+           "\t\t\t</My_Home>\r\n"
+           "\t\t\t<nodir>\r\n"
+           "\t\t\t\t<migrated>no</migrated>\r\n"
+           "\t\t\t</nodir>\r\n"
+           "\t\t</Profiles>\r\n"
+           "\t</Common>\r\n"
+           "</Root>\r\n";
+}
+
+#ifdef _WIN32
+std::string TestFolder() {
+    char temp[MAX_PATH] = {};
+    GetTempPathA(MAX_PATH, temp);
+    std::string folder = std::string(temp) + "rwz-mozilla-registry";
+    CreateDirectoryA(folder.c_str(), nullptr);
+    return folder;
+}
+
+std::string WriteTestFile(const std::string& astrName, const std::string& astrBytes) {
+    const std::string path = TestFolder() + "\\" + astrName;
+    FILE* file = std::fopen(path.c_str(), "wb");
+    if (!file) throw std::runtime_error("cannot write " + path);
+    const size_t written = std::fwrite(astrBytes.data(), 1, astrBytes.size(), file);
+    std::fclose(file);
+    if (written != astrBytes.size()) throw std::runtime_error("cannot write " + path);
+    return path;
+}
+
+#endif
+
+std::string ReadWholeFile(const std::string& astrPath) {
+    FILE* file = std::fopen(astrPath.c_str(), "rb");
+    if (!file) return std::string();
+    std::string bytes;
+    char buffer[4096];
+    size_t got;
+    while ((got = std::fread(buffer, 1, sizeof buffer, file)) > 0) bytes.append(buffer, got);
+    std::fclose(file);
+    return bytes;
+}
+
+#ifdef _WIN32
+std::string MozillaFixturePath() {
+    const char* shared = std::getenv("RWZ_SHARED_DIR");
+    std::string folder = shared && *shared ? shared : "Z:\\work\\shared";
+    // A Linux path is reached through Wine's drive Z:.
+    if (folder[0] == '/') folder = "Z:" + folder;
+    for (char& c : folder) {
+        if (c == '/') c = '\\';
+    }
+    while (!folder.empty() && folder.back() == '\\') folder.pop_back();
+    return folder + "\\fixtures\\mozilla-registry-2004.dat";
+}
+
+#else
+std::string MozillaFixturePath() {
+    const char* shared = std::getenv("RWZ_SHARED_DIR");
+    return std::string(shared && *shared ? shared : RWZ_ROOT "/../shared") +
+           "/fixtures/mozilla-registry-2004.dat";
+}
+#endif
 
 }  // namespace rwz::test

@@ -1,4 +1,4 @@
-// Writes Mozilla profile registries ("registry.dat") for simulated machines, in
+// Writes Mozilla profile registries ("registry.dat") for the reader's tests, in
 // the layout Mozilla itself uses: a 16-byte header, leftover bytes, then each
 // node as its NUL-terminated name, its 32-byte descriptor and its value.
 #pragma once
@@ -71,5 +71,31 @@ class RegistryDatWriter {
     std::vector<Node> mobjNodes;
     std::string mstrLeftover;
 };
+
+// A registry as Mozilla keeps it for several profiles: "work" is current,
+// "My Home" has a blank in its name, "nodir" has no "directory" entry, and
+// "default" carries a "Time" entry.
+struct SampleRegistry {
+    RegistryDatWriter Writer;
+    RegistryDatWriter::NodeId Users = 0, Common = 0, Profiles = 0;
+    RegistryDatWriter::NodeId Version = 0, CurrentProfile = 0;
+    RegistryDatWriter::NodeId Default = 0, DefaultDirectory = 0, DefaultTime = 0;
+    RegistryDatWriter::NodeId Work = 0, WorkDirectory = 0;
+    RegistryDatWriter::NodeId Home = 0, NoDirectory = 0, NoDirectoryMigrated = 0;
+    std::string Bytes;
+};
+SampleRegistry MakeSampleRegistry();
+// The XML the sample renders as.
+std::string SampleRegistryXml();
+
+// Test files live in a folder of their own under the temporary folder.
+std::string TestFolder();
+// Writes the bytes to TestFolder() + "\" + name and returns the full path.
+std::string WriteTestFile(const std::string& astrName, const std::string& astrBytes);
+std::string ReadWholeFile(const std::string& astrPath);
+
+// The real registry written by Mozilla: $RWZ_SHARED_DIR (a Linux or Windows
+// path) or Z:\work\shared, + "\fixtures\mozilla-registry-2004.dat".
+std::string MozillaFixturePath();
 
 }  // namespace rwz::test

@@ -105,72 +105,6 @@ const char kGermanFile[] =
     "ffnen\r\nfrmMain:4=Speichern   \r\n"
     "[Messages]\r\n25=Sind Sie sicher?\r\n26=\r\n30=Bitte eine Zahl von 0 bis {%0} eingeben.\r\n";
 
-TEST_F(LocalizationTest, LanguageFileComesFromTheSettingsAndIsFixedAtCreation) {
-    DeleteProgramSetting(kProductName, "UserInfo", "Language");
-    clsLocalization english;
-    EXPECT_EQ(english.LanguageFile(), ProgramFolder() + "\\en-US.slf");
-
-    ChooseLanguage("de-TEST");
-    EXPECT_EQ(english.LanguageFile(), ProgramFolder() + "\\en-US.slf");
-    EXPECT_EQ(Localization().LanguageFile(), ProgramFolder() + "\\de-TEST.slf");
-    EXPECT_FALSE(english.IsUSEnglish());
-    EXPECT_FALSE(Localization().IsUSEnglish());
-}
-
-TEST_F(LocalizationTest, WithoutLanguageFileEveryTextIsBuiltIn) {
-    ChooseLanguage("xx-NOFILE");
-    HWND form = Window("STATIC", "Roamwise");
-    const ControlArray buttons = {Window("BUTTON", "&Apply", form), nullptr,
-                                  Window("BUTTON", "Cancel", form)};
-    HWND toolbar = Toolbar(form);
-
-    const clsLocalization& texts = Localization();
-    texts.SetControlCaption(form, "WindowTitles", "frmMain", false, {"x"});
-    texts.SetControlArrayCaption(buttons, "Buttons", "frmMain", true);
-    texts.SetToolbarTooltips(toolbar, "ToolbarTips", "frmMain");
-
-    EXPECT_EQ(Caption(form), "Roamwise");
-    EXPECT_EQ(Caption(buttons[0]), "&Apply");
-    EXPECT_EQ(Caption(buttons[2]), "Cancel");
-    EXPECT_EQ(Tooltip(toolbar, 101), "");
-    EXPECT_EQ(texts.GetLocalizedValue("Labels", "1", true, "Address"), "Address");
-    EXPECT_EQ(texts.GetMessageText(25), "Are you sure you want to set the AutoReboot option?");
-}
-
-TEST_F(LocalizationTest, BuiltInMessagesKeepTheirExactTexts) {
-    ChooseLanguage("xx-NOFILE");
-    struct Case {
-        int16_t number;
-        std::vector<std::string> parms;
-        const char* text;
-    };
-    const Case cases[] = {
-        {12, {"C:\\P\\a.rwz"}, "The file 'C:\\P\\a.rwz' could not be opened."},
-        {14,
-         {},
-         "You have selected an invalid configuration file.  Please check the file and try again."},
-        {23,
-         {},
-         "Please enter a valid DNS Server address list separated by commas (e.g. "
-         "192.168.101.5,192.168.101.6)."},
-        {30, {"9"}, "Please enter a numeric value from 0 to 9."},
-        {35, {"x.rwz"}, "Error accessing file 'x.rwz'."},
-        {59, {"1234"}, "Undefined Error (1234)."},
-        {60, {}, "Current Configuration"},
-        {1, {}, ""},   // not in the table
-        {16, {}, ""},  // a gap in the numbers
-    };
-    for (const Case& c : cases) {
-        EXPECT_EQ(MessageText(c.number, c.parms), c.text) << c.number;
-    }
-    // Every number the program shows is in the table.
-    for (int16_t number : {3,  4,  5,  6,  7,  8,  9,  10, 11, 12, 13, 14, 15, 19, 20, 21, 22,
-                           23, 25, 26, 27, 28, 29, 30, 31, 34, 35, 36, 38, 39, 40, 41, 42, 43,
-                           44, 46, 47, 48, 49, 50, 51, 52, 53, 54, 55, 56, 57, 58, 59, 60, 67}) {
-        EXPECT_NE(BuiltInMessageText(number), "") << number;
-    }
-}
-
 TEST_F(LocalizationTest, LanguageFileOverridesCaptionsTipsAndMessages) {
     WriteLanguageFile("de-TEST.slf", kGermanFile);
     ChooseLanguage("de-TEST");
@@ -220,7 +154,7 @@ TEST_F(LocalizationTest, EnglishFileOverridesTheBuiltInEnglish) {
     EXPECT_EQ(MessageText(26), "Error loading options.");
 }
 
-TEST_F(LocalizationTest, PlaceholdersAreFilledByPosition) {
+TEST(FillPlaceholdersTest, FilledByPosition) {
     struct Case {
         const char* text;
         std::vector<std::string> parms;

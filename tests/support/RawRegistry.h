@@ -5,6 +5,8 @@
 #include <windows.h>
 
 #include <cstdint>
+#include <map>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -97,6 +99,65 @@ inline RawValue RawQuery(HKEY root, const std::string& path, const std::string& 
 
 inline std::vector<uint8_t> Bytes(const std::string& text) {
     return std::vector<uint8_t>(text.begin(), text.end());
+}
+
+// "ROOT\key\value" -> type and bytes, for every value below some keys: what a
+// test compares before and after a run to see exactly what was written.
+struct RawEntry {
+    DWORD Type = REG_NONE;
+    std::string Data;
+    bool operator==(const RawEntry& other) const {
+        return Type == other.Type && Data == other.Data;
+    }
+};
+using RawSnapshot = std::map<std::string, RawEntry>;
+
+inline void RawSnapshotAdd(HKEY root, const std::string& rootName, const std::string& path,
+                           RawSnapshot& snapshot) {
+    HKEY key = nullptr;
+    if (RegOpenKeyExA(root, path.c_str(), 0, KEY_READ, &key) != ERROR_SUCCESS) return;
+    for (DWORD index = 0;; ++index) {
+        char name[1024];
+        DWORD nameSize = sizeof name, type = 0, size = 0;
+        if (RegEnumValueA(key, index, name, &nameSize, nullptr, &type, nullptr, &size) !=
+            ERROR_SUCCESS)
+            break;
+        std::string data(size, '\0');
+        nameSize = sizeof name;
+        RegEnumValueA(key, index, name, &nameSize, nullptr, &type,
+                      reinterpret_cast<BYTE*>(&data[0]), &size);
+        data.resize(size);
+        snapshot[rootName + "\\" + path + "\\" + name] = RawEntry{type, data};
+    }
+    RegCloseKey(key);
+    for (const std::string& child : RawSubKeys(root, path))
+        RawSnapshotAdd(root, rootName, path + "\\" + child, snapshot);
+}
+
+// The names whose type or bytes differ, or that exist on one side only.
+inline std::set<std::string> RawDifferences(const RawSnapshot& before, const RawSnapshot& after) {
+    std::set<std::string> names;
+    for (const auto& [name, entry] : before) {
+        auto found = after.find(name);
+        if (found == after.end() || !(found->second == entry)) names.insert(name);
+    }
+    for (const auto& entry : after)
+        if (!before.count(entry.first)) names.insert(entry.first);
+    return names;
+}
+
+// A multi-string's entries; reads both the documented double-NUL end and none.
+inline std::vector<std::string> MultiStringEntries(const std::string& data) {
+    std::vector<std::string> entries;
+    size_t start = 0;
+    while (start < data.size()) {
+        size_t end = data.find('\0', start);
+        if (end == std::string::npos) end = data.size();
+        if (end == start) break;  // the empty entry that ends the list
+        entries.push_back(data.substr(start, end - start));
+        start = end + 1;
+    }
+    return entries;
 }
 
 }  // namespace rwz::test

@@ -1,0 +1,524 @@
+// The end-to-end scenarios: every file of tests/e2e/scenarios/*.scn, each case
+// of it in a fresh prefix (run-tests.sh cases). The format is described in
+// tests/bench/README.md.
+#include <gtest/gtest.h>
+
+#include <windows.h>
+
+#include <algorithm>
+#include <map>
+#include <memory>
+#include <thread>
+
+#include "bench/Bench.h"
+#include "bench/standins/NetworkStandIns.h"
+#include "bench/standins/StandIns.h"
+#include "browsers/NetscapeMachine.h"
+#include "support/RawRegistry.h"
+
+namespace {
+
+using Fields = std::vector<std::string>;
+
+struct Line {
+    std::string where;  // file:line, for failure messages
+    std::string verb;
+    Fields fields;  // the rest of the line, cut at " | "; "write" adds the text
+};
+
+struct Scenario {
+    std::string name;
+    std::vector<Line> lines;
+};
+
+void PrintTo(const Scenario& scenario, std::ostream* out) {
+    *out << scenario.name;
+}
+
+std::string ScenarioDir() {
+    return bench::SourceDir() + "\\tests\\e2e\\scenarios";
+}
+
+std::string Trim(const std::string& text) {
+    const size_t first = text.find_first_not_of(" \t\r");
+    if (first == std::string::npos) return "";
+    return text.substr(first, text.find_last_not_of(" \t\r") - first + 1);
+}
+
+Fields Split(const std::string& text) {
+    Fields fields;
+    size_t start = 0;
+    for (size_t at; (at = text.find(" | ", start)) != std::string::npos; start = at + 3)
+        fields.push_back(Trim(text.substr(start, at - start)));
+    fields.push_back(Trim(text.substr(start)));
+    return fields;
+}
+
+std::string Replace(std::string text, const std::string& from, const std::string& to) {
+    for (size_t at = 0; (at = text.find(from, at)) != std::string::npos; at += to.size())
+        text.replace(at, from.size(), to);
+    return text;
+}
+
+std::string Joined(const std::vector<std::string>& items, const char* separator) {
+    std::string text;
+    for (const std::string& item : items) text += (text.empty() ? "" : separator) + item;
+    return text;
+}
+
+// "{crlf}" and "{tab}" in expected texts.
+std::string Unescape(const std::string& text) {
+    return Replace(Replace(text, "{crlf}", "\r\n"), "{tab}", "\t");
+}
+
+// A file's lines, following "include", applying "let", gathering "write" blocks.
+void ReadLines(const std::string& file, std::map<std::string, std::string>& lets,
+               std::vector<Line>& out) {
+    const std::vector<std::string> lines = bench::SplitLines(bench::ReadFileText(file));
+    const std::string shortName = file.substr(file.find_last_of('\\') + 1);
+    for (size_t i = 0; i < lines.size(); ++i) {
+        std::string text = lines[i];
+        for (const auto& [name, value] : lets) text = Replace(text, "{" + name + "}", value);
+        text = Trim(text);
+        if (text.empty() || text[0] == '#') continue;
+        const size_t blank = text.find(' ');
+        Line line{shortName + ":" + std::to_string(i + 1), text.substr(0, blank),
+                  // " |" at the end of a line gives an empty last field.
+                  blank == std::string::npos ? Fields{} : Split(text.substr(blank + 1) + " ")};
+        if (line.verb == "include") {
+            ReadLines(ScenarioDir() + "\\" + line.fields.at(0), lets, out);
+        } else if (line.verb == "let") {
+            lets[line.fields.at(0)] = Joined(Fields(line.fields.begin() + 1, line.fields.end()), " | ");
+        } else {
+            if (line.verb == "write") {
+                std::string content;
+                while (++i < lines.size() && Trim(lines[i]) != "end") {
+                    std::string text = lines[i];
+                    for (const auto& [name, value] : lets)
+                        text = Replace(text, "{" + name + "}", value);
+                    content += Replace(text, "{nl}", "\r\n") + "\r\n";
+                }
+                line.fields.push_back(content);
+            }
+            out.push_back(line);
+        }
+    }
+}
+
+// Every case of every scenario file; the lines before a file's first "case"
+// are shared by all its cases.
+std::vector<Scenario> LoadScenarios() {
+    std::vector<std::string> files;
+    WIN32_FIND_DATAA found;
+    HANDLE search = FindFirstFileA((ScenarioDir() + "\\*.scn").c_str(), &found);
+    if (search != INVALID_HANDLE_VALUE) {
+        do files.push_back(found.cFileName);
+        while (FindNextFileA(search, &found));
+        FindClose(search);
+    }
+    std::sort(files.begin(), files.end());
+    std::vector<Scenario> scenarios;
+    for (const std::string& file : files) {
+        std::map<std::string, std::string> lets = {{"src", bench::SourceDir()},
+                                                   {"build", bench::BuildDir()},
+                                                   {"scenarios", ScenarioDir()},
+                                                   {"appdata", rwz::test::AppDataFolder()}};
+        std::vector<Line> lines;
+        ReadLines(ScenarioDir() + "\\" + file, lets, lines);
+        std::string stem = file.substr(0, file.size() - 4);
+        std::vector<Line> shared;
+        bool cases = false;
+        for (const Line& line : lines) {
+            if (line.verb == "case") {
+                scenarios.push_back({stem + "_" + line.fields.at(0), shared});
+                cases = true;
+            } else {
+                (cases ? scenarios.back().lines : shared).push_back(line);
+            }
+        }
+        if (!cases) scenarios.push_back({stem, shared});
+    }
+    for (Scenario& s : scenarios)
+        for (char& c : s.name)
+            if (!isalnum(static_cast<unsigned char>(c))) c = '_';
+    return scenarios;
+}
+
+// "HKLM\key\value" -> root, key, value name.
+HKEY RootOf(const std::string& path, std::string& rest) {
+    const size_t slash = path.find('\\');
+    const std::string root = path.substr(0, slash);
+    rest = slash == std::string::npos ? "" : path.substr(slash + 1);
+    if (root == "HKLM") return HKEY_LOCAL_MACHINE;
+    if (root == "HKCU") return HKEY_CURRENT_USER;
+    throw std::runtime_error("unknown registry root " + root);
+}
+
+rwz::test::RawEntry ReadEntry(const std::string& path) {
+    std::string rest;
+    const HKEY root = RootOf(path, rest);
+    const size_t slash = rest.find_last_of('\\');
+    const rwz::test::RawValue value =
+        rwz::test::RawQuery(root, rest.substr(0, slash), rest.substr(slash + 1));
+    if (value.Result != ERROR_SUCCESS) return {REG_NONE, "<missing>"};
+    return {value.Type, std::string(value.Data.begin(), value.Data.end())};
+}
+
+std::string Describe(const rwz::test::RawEntry& entry) {
+    std::string text = "type " + std::to_string(entry.Type) + " [";
+    static const char hex[] = "0123456789abcdef";
+    for (unsigned char c : entry.Data)
+        text += c >= 0x20 && c < 0x7f ? std::string(1, c)
+                                      : std::string("\\x") + hex[c >> 4] + hex[c & 15];
+    return text + "]";
+}
+
+// A golden line matches when its "{any}" parts match any text.
+bool Matches(const std::string& actual, const std::string& golden) {
+    const size_t any = golden.find("{any}");
+    if (any == std::string::npos) return actual == golden;
+    if (actual.compare(0, any, golden, 0, any) != 0) return false;
+    const std::string rest = golden.substr(any + 5);
+    for (size_t from = any; from <= actual.size(); ++from)
+        if (Matches(actual.substr(from), rest)) return true;
+    return false;
+}
+
+// A window of a browser's class, kept by a thread of the test with its own
+// message loop, so that a close request is honoured.
+class BrowserWindow {
+  public:
+    explicit BrowserWindow(const std::string& windowClass) : mClass(windowClass) {
+        HANDLE ready = CreateEventA(nullptr, TRUE, FALSE, nullptr);
+        mThread = std::thread([this, ready] {
+            WNDCLASSA wc = {};
+            wc.lpfnWndProc = DefWindowProcA;
+            wc.hInstance = GetModuleHandleA(nullptr);
+            wc.lpszClassName = mClass.c_str();
+            RegisterClassA(&wc);
+            CreateWindowA(mClass.c_str(), "", WS_OVERLAPPEDWINDOW, 0, 0, 100, 100, nullptr, nullptr,
+                          wc.hInstance, nullptr);
+            mThreadId = GetCurrentThreadId();
+            SetEvent(ready);
+            MSG message;
+            while (GetMessageA(&message, nullptr, 0, 0) > 0) DispatchMessageA(&message);
+        });
+        WaitForSingleObject(ready, 10000);
+        CloseHandle(ready);
+    }
+    ~BrowserWindow() {
+        PostThreadMessageA(mThreadId, WM_QUIT, 0, 0);
+        mThread.join();
+    }
+
+  private:
+    std::string mClass;
+    std::thread mThread;
+    DWORD mThreadId = 0;
+};
+
+class Runner {
+  public:
+    ~Runner() {
+        for (const auto& entry : mStarted) {
+            TerminateProcess(entry.second, 1);
+            CloseHandle(entry.second);
+        }
+    }
+
+    void Do(const Line& line) {
+        SCOPED_TRACE(line.where + ": " + line.verb + " " + Joined(line.fields, " | "));
+        const Fields& f = line.fields;
+        auto arg = [&](size_t i) -> const std::string& {
+            if (i >= f.size()) throw std::runtime_error(line.where + ": too few fields");
+            return f[i];
+        };
+        const std::string& v = line.verb;
+        if (v == "machine") {
+            mMachine = std::make_unique<bench::Machine>(arg(0));
+        } else if (v == "network") {
+            mNetwork = std::make_unique<bench::NetworkStandIns>();
+            mNetwork->Like(*mMachine);
+        } else if (v == "net-answer") {
+            mNetwork->Answer(arg(0), arg(1));
+        } else if (v == "opera") {
+            mPrograms["opera"] = bench::InstallStandInOpera();
+        } else if (v == "netscape") {
+            rwz::test::InstallNetscape(mMachine->Name(), false);
+            bench::ReadRegistryString(
+                HKEY_LOCAL_MACHINE,
+                "SOFTWARE\\Microsoft\\Windows\\CurrentVersion\\App Paths\\netscape.exe", "",
+                mPrograms["netscape"]);
+        } else if (v == "start") {
+            mStarted[arg(0)] = bench::StartStandIn(mPrograms.at(arg(0)), WindowClass(arg(0)));
+        } else if (v == "window") {
+            mWindows.push_back(std::make_unique<BrowserWindow>(arg(0)));
+        } else if (v == "setting") {
+            rwz::test::RawSetString(HKEY_LOCAL_MACHINE, "Software\\Roamwise\\" + arg(0), arg(1),
+                                    arg(2));
+        } else if (v == "mkdir") {
+            bench::MakeFolders(arg(0));
+        } else if (v == "copy") {
+            bench::CopyFileReplacing(arg(0), arg(1));
+        } else if (v == "delete") {
+            DeleteFileA(arg(0).c_str());
+        } else if (v == "truncate") {  // a file cut to its first half
+            const std::string text = bench::ReadFileText(arg(0));
+            bench::WriteFile(arg(0), text.substr(0, text.size() / 2));
+        } else if (v == "write") {
+            bench::WriteFile(arg(0), f.back());
+        } else if (v == "ini") {
+            WritePrivateProfileStringA(arg(1).c_str(), arg(2).c_str(),
+                                       f.size() > 3 ? f[3].c_str() : "", arg(0).c_str());
+            WritePrivateProfileStringA(nullptr, nullptr, nullptr, arg(0).c_str());
+        } else if (v == "snapshot") {
+            mSnapshot.clear();
+            mWatched = f;
+            mSnapshot = Snapshot();
+        } else if (v == "answer") {
+            bench::Answer answer(arg(0));
+            if (f.size() > 1 && !f[1].empty()) answer.Title(f[1]);
+            // "ID=text" types into a field, "+ID" / "-ID" ticks or clears a box.
+            for (size_t i = 2; i < f.size(); ++i) {
+                if (f[i][0] == '+')
+                    answer.Check(std::stoi(f[i].substr(1)));
+                else if (f[i][0] == '-')
+                    answer.Uncheck(std::stoi(f[i].substr(1)));
+                else
+                    answer.Set(std::stoi(f[i]), f[i].substr(f[i].find('=') + 1));
+            }
+            mAnswers.push_back(answer);
+        } else if (v == "lenient") {
+            mStrict = false;
+        } else if (v == "run" || v == "run-in") {
+            Flush();
+            bench::RunOptions options;
+            options.args =
+                v == "run" ? Joined(f, " | ") : Joined(Fields(f.begin() + 1, f.end()), " | ");
+            if (v == "run-in") options.workDir = arg(0);
+            options.script = mAnswers;
+            options.strictDialogs = mStrict;
+            options.timeoutMs = 60000;
+            mRun = bench::RunRwz(options);
+            mRan = true;
+            mHidden = options.args.find("/hidden") != std::string::npos;
+            mAnswers.clear();
+            mStrict = true;
+            mDialog = mLogAt = 0;
+            mExit = 0;
+            mChanged.clear();
+            mWithin.clear();
+            mCalls.clear();
+        } else {
+            Expect(line);
+        }
+    }
+
+    // What every run is held to unless its lines say otherwise.
+    void Flush() {
+        if (!mRan) return;
+        mRan = false;
+        EXPECT_EQ(mExit, mRun.exitCode) << mRun.Describe();
+        if (mHidden) {
+            EXPECT_FALSE(mRun.ShowedWindow()) << mRun.Describe();
+        }
+        for (const auto& [function, expected] : mCalls) {
+            const std::vector<bench::StandInCall> calls = mNetwork->Calls(function);
+            ASSERT_EQ(expected.size(), calls.size()) << function << "\n" << mRun.log;
+            for (size_t i = 0; i < calls.size(); ++i)
+                for (const std::string& field : expected[i]) {
+                    const size_t equals = field.find('=');
+                    EXPECT_EQ(field.substr(equals + 1), calls[i][field.substr(0, equals)])
+                        << calls[i].Describe();
+                }
+        }
+        if (!mWithin.empty()) {
+            const std::set<std::string> changed = rwz::test::RawDifferences(mSnapshot, Snapshot());
+            EXPECT_FALSE(changed.empty());
+            for (const std::string& name : changed)
+                EXPECT_EQ(0u, name.rfind(mWithin, 0)) << name << " changed";
+        }
+        if (!mChanged.empty()) {
+            std::set<std::string> expected(mChanged.begin(), mChanged.end());
+            expected.erase("none");
+            const std::set<std::string> changed = rwz::test::RawDifferences(mSnapshot, Snapshot());
+            EXPECT_EQ(Joined({expected.begin(), expected.end()}, "\n"),
+                      Joined({changed.begin(), changed.end()}, "\n"));
+        }
+    }
+
+  private:
+    static const char* WindowClass(const std::string& program) {
+        return program == "opera" ? bench::kOperaWindowClass : "MozillaWindowClass";
+    }
+
+    rwz::test::RawSnapshot Snapshot() const {
+        rwz::test::RawSnapshot snapshot;
+        for (const std::string& key : mWatched) {
+            std::string rest;
+            const HKEY root = RootOf(key, rest);
+            rwz::test::RawSnapshotAdd(root, key.substr(0, 4), rest, snapshot);
+        }
+        return snapshot;
+    }
+
+    void Expect(const Line& line) {
+        const Fields& f = line.fields;
+        const std::string& v = line.verb;
+        auto arg = [&](size_t i) -> const std::string& {
+            if (i >= f.size()) throw std::runtime_error(line.where + ": too few fields");
+            return f[i];
+        };
+        if (v == "expect-exit") {
+            mExit = static_cast<DWORD>(std::stoul(arg(0)));
+        } else if (v == "expect-dialog") {
+            ASSERT_LT(mDialog, mRun.dialogs.size()) << mRun.Describe();
+            const bench::DialogRecord& dialog = mRun.dialogs[mDialog++];
+            EXPECT_EQ(arg(0), dialog.title);
+            if (f.size() > 1) {
+                EXPECT_EQ(Unescape(f[1]), dialog.text);
+            }
+            if (f.size() > 2) {
+                std::vector<std::string> buttons;
+                for (const auto& button : dialog.buttons) buttons.push_back(button.second);
+                EXPECT_EQ(f[2], Joined(buttons, ","));
+            }
+        } else if (v == "expect-dialog-has") {
+            ASSERT_LT(mDialog, mRun.dialogs.size()) << mRun.Describe();
+            const bench::DialogRecord& dialog = mRun.dialogs[mDialog++];
+            EXPECT_EQ(arg(0), dialog.title);
+            EXPECT_NE(std::string::npos, dialog.text.find(arg(1))) << dialog.text;
+        } else if (v == "expect-log") {
+            const size_t at = mRun.log.find(Unescape(arg(0)), mLogAt);
+            EXPECT_NE(std::string::npos, at) << "not found after offset " << mLogAt << ":\n"
+                                             << mRun.log;
+            if (at != std::string::npos) mLogAt = at;
+        } else if (v == "expect-no-log") {
+            EXPECT_EQ(std::string::npos, mRun.log.find(Unescape(arg(0)))) << mRun.log;
+        } else if (v == "expect-call") {
+            mCalls[arg(0)];
+            if (f.size() > 1 && f[1] != "none") mCalls[arg(0)].emplace_back(f.begin() + 1, f.end());
+        } else if (v == "expect-changed") {
+            mChanged.insert(mChanged.end(), f.begin(), f.end());
+        } else if (v == "expect-no-window" || v == "expect-window") {
+            EXPECT_EQ(v == "expect-window", mRun.ShowedWindow()) << mRun.Describe();
+        } else if (v == "expect-changed-within") {
+            mWithin = arg(0);
+        } else if (v == "expect-reg") {
+            ExpectRegistry(arg(0), arg(1), f.size() > 2 ? f[2] : "");
+        } else if (v == "expect-setting") {
+            const std::string data =
+                ReadEntry("HKLM\\Software\\Roamwise\\" + arg(0) + "\\" + arg(1)).Data;
+            EXPECT_EQ(f.size() > 2 && f[2] == "missing" ? "<missing>" : f.size() > 2 ? f[2] : "",
+                      std::string(data.c_str()));
+        } else if (v == "expect-file") {
+            ExpectGolden(arg(0), ScenarioDir() + "\\" + arg(1));
+        } else if (v == "expect-same") {
+            EXPECT_EQ(bench::ReadFileText(arg(0)), bench::ReadFileText(arg(1)));
+        } else if (v == "expect-line") {
+            const std::vector<std::string> lines = bench::SplitLines(bench::ReadFileText(arg(0)));
+            EXPECT_NE(lines.end(), std::find(lines.begin(), lines.end(), arg(1)))
+                << Joined(lines, "\n");
+        } else if (v == "expect-no-file") {
+            EXPECT_FALSE(bench::FileExists(arg(0)));
+        } else if (v == "expect-ini") {
+            char value[1024];
+            GetPrivateProfileStringA(arg(1).c_str(), arg(2).c_str(), "<missing>", value,
+                                     sizeof value, arg(0).c_str());
+            EXPECT_EQ(f.size() > 3 ? f[3] : "", value);
+        } else if (v == "expect-running" || v == "expect-closed") {
+            const bool running = v == "expect-running";
+            if (mStarted.count(arg(0))) {
+                EXPECT_EQ(running, WaitForSingleObject(mStarted[arg(0)], running ? 0 : 5000) ==
+                                       WAIT_TIMEOUT);
+            }
+            EXPECT_EQ(running,
+                      FindWindowA(arg(0) == "opera" || arg(0) == "netscape" ? WindowClass(arg(0))
+                                                                            : arg(0).c_str(),
+                                  nullptr) != nullptr);
+        } else {
+            FAIL() << line.where << ": unknown line \"" << v << "\"";
+        }
+    }
+
+    void ExpectRegistry(const std::string& path, const std::string& kind, const std::string& text) {
+        const rwz::test::RawEntry entry = ReadEntry(path);
+        if (kind == "missing") {
+            EXPECT_EQ("<missing>", entry.Data) << path;
+        } else if (kind == "multi") {
+            EXPECT_EQ(static_cast<DWORD>(REG_MULTI_SZ), entry.Type) << path;
+            EXPECT_EQ(Replace(text, ",", "\n"),
+                      Joined(rwz::test::MultiStringEntries(entry.Data), "\n"))
+                << path;
+        } else {
+            rwz::test::RawEntry expected{REG_SZ, text + '\0'};
+            if (kind == "expand") expected.Type = REG_EXPAND_SZ;
+            if (kind == "dword") {
+                const DWORD number = std::stoul(text);
+                expected = {REG_DWORD, std::string(reinterpret_cast<const char*>(&number), 4)};
+            } else if (kind == "hex") {
+                expected = {REG_BINARY, ""};
+                for (size_t i = 0; i + 1 < text.size(); i += 2)
+                    expected.Data += static_cast<char>(std::stoi(text.substr(i, 2), nullptr, 16));
+            }
+            EXPECT_EQ(Describe(expected), Describe(entry)) << path;
+        }
+    }
+
+    // The file, with CR LF line ends, against the golden file line by line.
+    void ExpectGolden(const std::string& path, const std::string& goldenPath) {
+        std::string text;
+        ASSERT_TRUE(bench::ReadFile(path, text)) << path << "\n" << mRun.Describe();
+        for (size_t at = text.find('\n'); at != std::string::npos; at = text.find('\n', at + 1))
+            ASSERT_TRUE(at > 0 && text[at - 1] == '\r') << path << ": bare LF at " << at;
+        std::string golden = Replace(bench::ReadFileText(goldenPath), "\r\n", "\n");
+        text = Replace(text, "\r\n", "\n");
+        const std::vector<std::string> want = bench::SplitLines(golden);
+        const std::vector<std::string> got = bench::SplitLines(text);
+        bool same = want.size() == got.size() && (golden.empty() || text.back() == golden.back());
+        for (size_t i = 0; same && i < want.size(); ++i) same = Matches(got[i], want[i]);
+        // RWZ_UPDATE_GOLDEN=1 writes what the run gave, to be reviewed with git diff.
+        if (!same && GetEnvironmentVariableA("RWZ_UPDATE_GOLDEN", nullptr, 0)) {
+            bench::WriteFile(goldenPath, text);
+            return;
+        }
+        EXPECT_TRUE(same) << path << " differs from " << goldenPath << ":\n" << text;
+    }
+
+    std::unique_ptr<bench::Machine> mMachine;
+    std::unique_ptr<bench::NetworkStandIns> mNetwork;
+    std::map<std::string, std::string> mPrograms;
+    std::map<std::string, HANDLE> mStarted;
+    std::vector<std::unique_ptr<BrowserWindow>> mWindows;
+    std::vector<bench::Answer> mAnswers;
+    bool mStrict = true;
+    bench::RunResult mRun;
+    bool mRan = false;
+    bool mHidden = false;
+    size_t mDialog = 0;
+    size_t mLogAt = 0;
+    DWORD mExit = 0;
+    Fields mWatched;
+    rwz::test::RawSnapshot mSnapshot;
+    std::vector<std::string> mChanged;
+    std::string mWithin;
+    std::map<std::string, std::vector<Fields>> mCalls;
+};
+
+class Scenarios : public testing::TestWithParam<Scenario> {};
+
+TEST_P(Scenarios, Run) {
+    Runner runner;
+    for (const Line& line : GetParam().lines) {
+        runner.Do(line);
+        if (HasFatalFailure()) return;
+    }
+    runner.Flush();
+}
+
+INSTANTIATE_TEST_SUITE_P(Files, Scenarios, testing::ValuesIn(LoadScenarios()),
+                         [](const testing::TestParamInfo<Scenario>& info) {
+                             return info.param.name;
+                         });
+
+}  // namespace
