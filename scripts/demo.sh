@@ -37,65 +37,21 @@ if [ "${1:-}" != --no-build ]; then
     step "Building Roamwise (scripts/build.sh)"
     "$here/scripts/build.sh" </dev/null || die "the build failed"
 fi
-rwz=$tree/bin/Rwz.exe
-[ -f "$rwz" ] || die "no $rwz"
+[ -f "$tree/bin/Rwz.exe" ] || die "no $tree/bin/Rwz.exe"
+# shellcheck source=scripts/lib/machine.sh
+. "$here/scripts/lib/machine.sh"
 
 # --- The laptop --------------------------------------------------------------
 step "Making the simulated Windows XP laptop ($machine)"
-base=${RWZ_BASE_PREFIX:-$tree/wine/base}
-"$here/tests/bench/make-base-prefix.sh" --if-missing "$base" </dev/null || die "no base Wine prefix"
-if [ -d "$prefix" ]; then
-    WINEPREFIX=$prefix wineserver -k >/dev/null 2>&1 </dev/null
-    rm -rf "$prefix"
-fi
 mkdir -p "$demo"
 rm -rf "$demo"/before "$demo"/after "$demo"/*.txt "$demo"/*.flat "$demo"/*.LOG "$demo"/stop
-# A clone of the base prefix, as the tests make theirs.
-"$here/tests/bench/clone-prefix.sh" "$base" "$prefix" || die "cannot clone $base"
-export WINEPREFIX=$prefix
-c_drive=$prefix/drive_c
-winpath() { printf 'Z:%s' "${1//\//\\}"; }
 # One Wine session for the whole demo: Wine's start-up (wineboot) gives a new
 # session the Linux host's computer name and network, which would undo the
-# simulated machine. Nothing Wine starts in the background may hold this
-# script's output.
-(
-    wineserver -p 600
-    wine cmd /c exit
-) >/dev/null 2>&1 </dev/null
+# simulated machine.
+machine_prefix "$prefix" || die "cannot make the prefix $prefix"
 trap 'wineserver -k >/dev/null 2>&1 </dev/null' EXIT
-
-# The machine: its registry files, its Windows version, its files. A file
-# that came from the base prefix is replaced, never written through its link.
-for reg in "$machine"/*.reg; do
-    wine regedit /s "$(winpath "$reg")" >/dev/null 2>&1 </dev/null || die "regedit failed on $reg"
-done
-wine reg add 'HKCU\Software\Wine\AppDefaults\Rwz.exe' /v Version /d "$(tr -d ' \r\n' <"$machine/version")" \
-    /f >/dev/null 2>&1 </dev/null
-[ -d "$machine/files" ] && cp -r --remove-destination "$machine/files/." "$c_drive/"
-
-install_dir=$c_drive/Program\ Files/Roamwise
-mkdir -p "$install_dir" "$c_drive/Profiles" "$c_drive/Reports"
-cp --remove-destination "$rwz" "$install_dir/Rwz.exe"
-cp --remove-destination "$here"/examples/*.rwz "$c_drive/Profiles/"
-# The laptop's Opera: the bench's stand-in program, where App Paths says.
-mkdir -p "$c_drive/Program Files/Opera7"
-cp --remove-destination "$tree/tests/FakeOpera.exe" "$c_drive/Program Files/Opera7/Opera.exe"
-# The services Wine lacks, played by the bench's stand-ins beside Rwz.exe.
-standins=$tree/tests/standins
-if [ -f "$standins/netapi32.dll" ] && [ -f "$standins/dhcpcsvc.dll" ]; then
-    cp --remove-destination "$standins/netapi32.dll" "$standins/dhcpcsvc.dll" "$install_dir/"
-    [ -f "$machine/network-services.ini" ] &&
-        cp --remove-destination "$machine/network-services.ini" "$install_dir/NetworkStandIns.ini"
-    for dll in netapi32 dhcpcsvc; do
-        wine reg add 'HKCU\Software\Wine\AppDefaults\Rwz.exe\DllOverrides' /v "$dll" \
-            /d native,builtin /f >/dev/null 2>&1 </dev/null
-    done
-    echo "The domain controller, the server service and the DHCP client are the test bench's"
-    echo "stand-ins ($standins)."
-else
-    echo "(No network stand-ins built: Wine's own netapi32 and dhcpcsvc answer.)"
-fi
+machine_load "$machine" || die "cannot load $machine"
+machine_install "$machine"
 echo "Laptop ready: Windows XP, Internet Explorer, Opera, profiles in C:\\Profiles."
 
 # Prints its input, or the text given when there is none.

@@ -136,8 +136,8 @@ std::string ValueText(const ZvRegEntry& entry) {
     return text;
 }
 
-std::string RenderingError() {
-    return "Error: (" + std::to_string(Err::Number()) + ") " + Err::Description();
+std::string RenderingError(const ErrorInfo& aError) {
+    return "Error: (" + std::to_string(aError.Number) + ") " + aError.Description;
 }
 
 }  // namespace
@@ -325,14 +325,14 @@ uint32_t ZvMozillaLib::ReadLong(uint32_t alngOffset) {
 }
 
 uint32_t ZvMozillaLib::ReadLong() {
-    if (!Fits(mlngPosition, 4)) Err::Raise(kErrInputPastEnd, kObject, "Input past end of file");
+    if (!Fits(mlngPosition, 4)) throw RwzError(kErrInputPastEnd, kObject, "Input past end of file");
     const uint32_t value = static_cast<uint32_t>(LittleEndian(mstrData, mlngPosition, 4));
     mlngPosition += 4;
     return value;
 }
 
 uint16_t ZvMozillaLib::ReadShort() {
-    if (!Fits(mlngPosition, 2)) Err::Raise(kErrInputPastEnd, kObject, "Input past end of file");
+    if (!Fits(mlngPosition, 2)) throw RwzError(kErrInputPastEnd, kObject, "Input past end of file");
     const uint16_t value = static_cast<uint16_t>(LittleEndian(mstrData, mlngPosition, 2));
     mlngPosition += 2;
     return value;
@@ -340,7 +340,7 @@ uint16_t ZvMozillaLib::ReadShort() {
 
 std::string ZvMozillaLib::ReadText(uint32_t alngLength) {
     if (!Fits(mlngPosition, alngLength)) {
-        Err::Raise(kErrInputPastEnd, kObject, "Input past end of file");
+        throw RwzError(kErrInputPastEnd, kObject, "Input past end of file");
     }
     std::string text = mstrData.substr(mlngPosition, alngLength);
     mlngPosition += alngLength;

@@ -31,12 +31,13 @@ class ZvMozillaLib {
     static constexpr uint32_t kMagic = 0x76644441;  // "ADdv"
     static constexpr uint32_t kHeaderSize = 16;
     static constexpr uint32_t kDescriptorSize = 32;
-    // Real profile registries are a few dozen kilobytes; these limits are far
-    // above anything Mozilla writes and keep a hostile file cheap.
-    static constexpr uint32_t kMaxFileSize = 4u << 20;
+    // Most profile registries are a few dozen kilobytes, but a shared machine
+    // with thousands of roaming profiles reaches ten megabytes and more. These
+    // limits leave room for twice that and still keep a hostile file bounded.
+    static constexpr uint32_t kMaxFileSize = 32u << 20;
     static constexpr int kMaxDepth = 64;
-    static constexpr size_t kMaxNodes = 20000;
-    static constexpr size_t kMaxTextBytes = 4u << 20;
+    static constexpr size_t kMaxNodes = 50000;
+    static constexpr size_t kMaxTextBytes = 32u << 20;
     // Runtime error raised by the reading primitives outside the file.
     static constexpr int32_t kErrInputPastEnd = 62;
 

@@ -187,21 +187,6 @@ void clsNetConfigBase::LogLine(const std::string& astrText) const {
 
 // --- Lists -------------------------------------------------------------------
 
-std::vector<std::string> clsNetConfigBase::ListEntries(const std::string& astrList) {
-    std::vector<std::string> entries;
-    std::string entry;
-    for (size_t i = 0; i <= astrList.size(); ++i) {
-        const char c = i < astrList.size() ? astrList[i] : '\0';
-        if (c != '\0' && c != ',') {
-            entry += c;
-            continue;
-        }
-        entry = Trim(entry);
-        if (!entry.empty()) entries.push_back(entry);
-        entry.clear();
-    }
-    return entries;
-}
 
 std::vector<uint8_t> clsNetConfigBase::MultiStringBytes(
     const std::vector<std::string>& astrEntries) {
@@ -245,7 +230,8 @@ std::string clsNetConfigBase::PlaceKey(const RegistryPlace& aPlace) const {
     if (!aPlace.Key) return std::string();
     if (!aPlace.PerAdapter) return aPlace.Key;
     const std::string adapter = CurrentAdapterKey();
-    return adapter.empty() ? std::string() : aPlace.Key + adapter;
+    if (adapter.empty()) return std::string();
+    return aPlace.Key + adapter + (aPlace.AdapterSubKey ? aPlace.AdapterSubKey : "");
 }
 
 std::string clsNetConfigBase::ReadPlaceText(const RegistryPlace& aPlace) const {
@@ -289,6 +275,8 @@ void clsNetConfigBase::ReadRow(const NetSettingRow& aRow) {
         if (aRow.Kind == ValueKind::List ||
             (aRow.Kind == ValueKind::AddressList && !mParticulars.NulSeparatedAddresses))
             text = Replaced(text, '\0', ',');
+        if (aRow.Kind == ValueKind::List && place.Separator)
+            text = Join(ListEntries(Replaced(text, place.Separator[0], ',')), ",");
         mRecord.*aRow.Text = text;
     });
 }
@@ -322,7 +310,7 @@ void clsNetConfigBase::WriteToPlace(const NetSettingRow& aRow) {
     if (place.Type == kRegMultiString)
         WritePlace(place, MultiStringBytes(entries));
     else
-        WritePlace(place, Join(entries, ","));
+        WritePlace(place, Join(entries, place.Separator ? place.Separator : ","));
 }
 
 void clsNetConfigBase::WriteRow(const NetSettingRow& aRow) {

@@ -13,6 +13,7 @@
 #include <vector>
 
 #include "network/INetConfig.h"
+#include "network/modAddressCheck.h"
 #include "platform/clsEasyRegistry.h"
 
 namespace rwz {
@@ -41,6 +42,10 @@ struct RegistryPlace {
     const char* Name = nullptr;
     int Type = 0;
     bool PerAdapter = false;
+    // Follows the adapter's key in the path, as "\Parameters\Tcpip".
+    const char* AdapterSubKey = nullptr;
+    // Between the entries of a List kept as text, when not "," (one character).
+    const char* Separator = nullptr;
 };
 
 // What applying a flagged setting does.
@@ -123,9 +128,6 @@ class clsNetConfigBase : public INetConfig {
     std::string CurrentAdapterKey() const;
     const char* ClassName() const { return mParticulars.ClassName; }
 
-    // The entries of a list separated by NUL or ",", each trimmed, empty ones
-    // left out.
-    static std::vector<std::string> ListEntries(const std::string& astrList);
     // A multi-string as Windows documents it: each entry ends in a NUL and the
     // list ends in one more (an empty list is two NULs).
     static std::vector<uint8_t> MultiStringBytes(const std::vector<std::string>& astrEntries);

@@ -41,12 +41,8 @@ bool IsContiguousMask(const std::string& astrText) {
     return (zeros & (zeros + 1)) == 0;
 }
 
-int16_t AddressListMessage(NetText aField, const std::string& astrList, std::string* astrBad) {
-    const bool mask = aField == &NetRecord::IPMask;
-    int16_t message = kMsgAddress;
-    if (mask) message = kMsgMask;
-    if (aField == &NetRecord::DefaultGateway) message = kMsgGateway;
-    if (aField == &NetRecord::DNSServers) message = kMsgDNS;
+std::vector<std::string> ListEntries(const std::string& astrList) {
+    std::vector<std::string> entries;
     std::string entry;
     for (size_t i = 0; i <= astrList.size(); ++i) {
         const char c = i < astrList.size() ? astrList[i] : '\0';
@@ -55,11 +51,23 @@ int16_t AddressListMessage(NetText aField, const std::string& astrList, std::str
             continue;
         }
         entry = Trim(entry);
-        if (!entry.empty() && !(mask ? IsContiguousMask(entry) : IsDottedQuad(entry))) {
+        if (!entry.empty()) entries.push_back(entry);
+        entry.clear();
+    }
+    return entries;
+}
+
+int16_t AddressListMessage(NetText aField, const std::string& astrList, std::string* astrBad) {
+    const bool mask = aField == &NetRecord::IPMask;
+    int16_t message = kMsgAddress;
+    if (mask) message = kMsgMask;
+    if (aField == &NetRecord::DefaultGateway) message = kMsgGateway;
+    if (aField == &NetRecord::DNSServers) message = kMsgDNS;
+    for (const std::string& entry : ListEntries(astrList)) {
+        if (!(mask ? IsContiguousMask(entry) : IsDottedQuad(entry))) {
             if (astrBad) *astrBad = entry;
             return message;
         }
-        entry.clear();
     }
     return 0;
 }

@@ -6,6 +6,7 @@
 
 #include <cstdint>
 #include <string>
+#include <vector>
 
 #include "network/NetRecord.h"
 
@@ -15,6 +16,10 @@ namespace rwz {
 bool IsDottedQuad(const std::string& astrText);
 // A dotted quad whose one bits all come before its zero bits.
 bool IsContiguousMask(const std::string& astrText);
+
+// The entries of a list separated by "," or NUL, blanks around each removed
+// and empty ones left out (an empty entry would end a multi-string early).
+std::vector<std::string> ListEntries(const std::string& astrList);
 
 // The message for a list of the record (entries separated by "," or NUL) that
 // holds a bad entry, or 0 when every entry is good (an empty list is good): 20

@@ -15,6 +15,50 @@ namespace rwz {
 namespace {
 
 const char kRule[] = "---------------------";
+const char kLogName[] = "DEBUG.LOG";
+// A byte far past any log's end, locked while a line is written: several
+// running copies may share the file, and each line goes in whole.
+const DWORD kLineLockOffset = 0xFFFFFFF0u;
+
+// The log's path once the header chose it, and the file, open for the run.
+std::string& LogPath() {
+    static std::string path;
+    return path;
+}
+KernelHandle& LogFile() {
+    static KernelHandle file;
+    return file;
+}
+
+HANDLE OpenLog(const std::string& astrPath, DWORD adwDisposition) {
+    return CreateFileA(astrPath.c_str(), GENERIC_WRITE, FILE_SHARE_READ | FILE_SHARE_WRITE, nullptr,
+                       adwDisposition, FILE_ATTRIBUTE_NORMAL, nullptr);
+}
+
+// Appends text at the file's end as one piece. False when it was not written.
+bool AppendToLog(HANDLE file, const std::string& astrText) {
+    bool locked = false;
+    for (int attempt = 0; attempt < 100 && !locked; ++attempt) {
+        locked = LockFile(file, kLineLockOffset, 0, 1, 0) != FALSE;
+        if (!locked) Sleep(1);
+    }
+    SetFilePointer(file, 0, nullptr, FILE_END);
+    DWORD written = 0;
+    const bool ok =
+        WriteFile(file, astrText.data(), static_cast<DWORD>(astrText.size()), &written, nullptr) &&
+        written == astrText.size();
+    if (locked) UnlockFile(file, kLineLockOffset, 0, 1, 0);
+    return ok;
+}
+
+std::string TempFolder() {
+    char folder[MAX_PATH + 1] = "";
+    const DWORD length = GetTempPathA(sizeof folder, folder);
+    if (length == 0 || length > MAX_PATH) return "";
+    std::string text(folder, length);
+    if (text.back() == '\\') text.pop_back();
+    return text;
+}
 
 std::string TwoDigits(int value) {
     char text[8];
@@ -25,7 +69,7 @@ std::string TwoDigits(int value) {
 }  // namespace
 
 std::string LogFilePath() {
-    return ProgramFolder() + "\\" + "DEBUG.LOG";
+    return LogPath().empty() ? ProgramFolder() + "\\" + kLogName : LogPath();
 }
 
 std::string LevelWord(int level) {
@@ -52,7 +96,9 @@ std::string FormatLogLine(unsigned long threadId, const SYSTEMTIME& now,
            ":" + TwoDigits(now.wSecond) + "] - " + levelWord + " - " + message;
 }
 
-void WriteLogHeader() {
+void WriteLogHeader(LogStart start) {
+    // The block first: what its lookups log goes before it, and a new log
+    // starts after them.
     SYSTEMTIME now;
     GetLocalTime(&now);
     char stamp[32];
@@ -66,14 +112,26 @@ void WriteLogHeader() {
     block += " OS:\t" + GetCurrentOSTag() + eol;
     block += " IE:\t" + GetIEVersion() + eol;
     block += " NN:\t" + GetNetscapeVersion() + eol;
+
+    const DWORD disposition = start == LogStart::Replace ? CREATE_ALWAYS : OPEN_ALWAYS;
+    std::string path = ProgramFolder() + "\\" + kLogName;
+    KernelHandle file(OpenLog(path, disposition));
+    if (!file) {
+        // A read-only program folder (or a read-only log in it): the user's
+        // temporary folder always takes a file.
+        const std::string folder = TempFolder();
+        if (!folder.empty()) {
+            path = folder + "\\" + kLogName;
+            file.Reset(OpenLog(path, disposition));
+            if (file) block += "Log:\t" + path + " (the program's folder cannot be written)" + eol;
+        }
+    }
+    if (!file) RaiseRuntimeError(kErrPermissionDenied, "Rwz");
     block += std::string(kRule) + eol;
 
-    const std::string path = LogFilePath();
-    FILE* file = std::fopen(path.c_str(), "wb");
-    if (!file) RaiseRuntimeError(kErrPermissionDenied, "Rwz");
-    const bool written = std::fwrite(block.data(), 1, block.size(), file) == block.size();
-    std::fclose(file);
-    if (!written) RaiseRuntimeError(kErrDiskFull, "Rwz");
+    if (!AppendToLog(file.Get(), block)) RaiseRuntimeError(kErrDiskFull, "Rwz");
+    LogPath() = path;
+    LogFile() = std::move(file);
 }
 
 void WriteLog(const std::string& message, int level) {
@@ -81,20 +139,15 @@ void WriteLog(const std::string& message, int level) {
     GetLocalTime(&now);
     const std::string line =
         FormatLogLine(GetCurrentThreadId(), now, LevelWord(level), message) + "\r\n";
-    // Several running copies may write here. Opening the file without write
-    // sharing makes each open-write-close a whole line: another writer waits a
-    // moment for its turn rather than writing over this line.
-    KernelHandle file;
-    for (int attempt = 0; attempt < 100 && !file; ++attempt) {
-        file.Reset(CreateFileA(LogFilePath().c_str(), GENERIC_WRITE, FILE_SHARE_READ, nullptr,
-                               OPEN_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr));
-        if (!file && GetLastError() != ERROR_SHARING_VIOLATION) return;
-        if (!file) Sleep(1);
+    // Before the header (and in programs that write none) the log is opened
+    // where it stands; a line that cannot be written is lost, as logging never
+    // disturbs the caller.
+    for (int attempt = 0; attempt < 100 && !LogFile(); ++attempt) {
+        LogFile().Reset(OpenLog(LogFilePath(), OPEN_ALWAYS));
+        if (!LogFile() && GetLastError() != ERROR_SHARING_VIOLATION) break;
+        if (!LogFile()) Sleep(1);  // a reader without write sharing: its turn ends soon
     }
-    if (!file) return;  // the line is lost; logging never disturbs the caller
-    SetFilePointer(file.Get(), 0, nullptr, FILE_END);
-    DWORD written = 0;
-    WriteFile(file.Get(), line.data(), static_cast<DWORD>(line.size()), &written, nullptr);
+    if (LogFile()) AppendToLog(LogFile().Get(), line);
 }
 
 void LogError(const ErrorInfo& error, const std::string& where) {
@@ -102,8 +155,5 @@ void LogError(const ErrorInfo& error, const std::string& where) {
     WriteLog(Trim(text), kLogError);
 }
 
-void LogError(const std::string& where) {
-    LogError(Err::Pending(), where);
-}
 
 }  // namespace rwz

@@ -1,6 +1,7 @@
 #include "platform/modProgramSettings.h"
 
 #include "platform/Procedure.h"
+#include "platform/modRegistry.h"
 
 namespace rwz {
 
@@ -22,15 +23,7 @@ void SaveProgramSetting(const std::string& astrProduct, const std::string& astrS
                         const std::string& astrKey, const std::string& astrValue) {
     Procedure proc("modUtilities", "SaveProgramSetting");
     proc.Run([&] {
-        clsEasyRegistry registry;
-        registry.SetSuppressErrors(true);
-        registry.SetCurrentKey(kSoftwareKey);
-        if (registry.LastError() != 0) return;
-        registry.MakeKey(astrProduct + "\\" + astrSection);
-        if (registry.LastError() != 0) return;
-        registry.SetCurrentKey(SectionPath(astrProduct, astrSection));
-        if (registry.LastError() != 0) return;
-        registry.SetValueOf(astrKey, kRegString, astrValue);
+        reg::Write(SectionPath(astrProduct, astrSection), astrKey, kRegString, astrValue);
     });
 }
 
@@ -39,13 +32,9 @@ std::string GetProgramSetting(const std::string& astrProduct, const std::string&
     Procedure proc("modUtilities", "GetProgramSetting");
     return proc.Run(
         [&] {
-            clsEasyRegistry registry;
-            registry.SetSuppressErrors(true);
-            registry.SetCurrentKey(SectionPath(astrProduct, astrSection));
-            if (registry.LastError() != 0) return astrDefault;
-            RegistryValue value = registry.ValueOf(astrKey);
-            if (registry.LastError() != 0) return astrDefault;
-            return value.Text;
+            const std::optional<RegistryValue> value =
+                reg::Read(SectionPath(astrProduct, astrSection), astrKey);
+            return value ? value->Text : astrDefault;
         },
         astrDefault);
 }
@@ -54,11 +43,7 @@ std::vector<RegistryValueRow> GetAllProgramSettings(const std::string& astrProdu
                                                     const std::string& astrSection) {
     Procedure proc("modUtilities", "GetAllProgramSettings");
     return proc.Run([&] {
-        clsEasyRegistry registry;
-        registry.SetSuppressErrors(true);
-        registry.SetCurrentKey(SectionPath(astrProduct, astrSection));
-        if (registry.LastError() != 0) return std::vector<RegistryValueRow>();
-        return registry.DirValue();
+        return reg::Values(SectionPath(astrProduct, astrSection));
     });
 }
 
@@ -66,15 +51,10 @@ void DeleteProgramSetting(const std::string& astrProduct, const std::string& ast
                           const std::string& astrKey) {
     Procedure proc("modUtilities", "DeleteProgramSetting");
     proc.Run([&] {
-        clsEasyRegistry registry;
-        registry.SetSuppressErrors(true);
-        if (!astrKey.empty()) {
-            registry.SetCurrentKey(SectionPath(astrProduct, astrSection));
-            if (registry.LastError() == 0) registry.DeleteValue(astrKey);
-        } else {
-            registry.SetCurrentKey(ProductPath(astrProduct));
-            if (registry.LastError() == 0) registry.DeleteKey(astrSection);
-        }
+        if (!astrKey.empty())
+            reg::DeleteValue(SectionPath(astrProduct, astrSection), astrKey);
+        else
+            reg::DeleteKey(ProductPath(astrProduct), astrSection);
     });
 }
 

@@ -4,12 +4,17 @@
 #include "browsers/NavigatorLib.h"
 #include "browsers/OperaLib.h"
 #include "network/clsNetConfig2K.h"
+#include "network/clsNetConfig9x.h"
+#include "network/clsNetConfigNT.h"
 #include "platform/modAPI.h"
 
 namespace rwz {
 
 std::unique_ptr<INetConfig> CreateNetConfig(const std::string& astrOSTag) {
-    if (IsNT5Family(OSFamilyOf(astrOSTag))) return std::make_unique<clsNetConfig2K>();
+    const OSFamily family = OSFamilyOf(astrOSTag);
+    if (IsNT5Family(family)) return std::make_unique<clsNetConfig2K>();
+    if (family == OSFamily::NT4) return std::make_unique<clsNetConfigNT>();
+    if (family == OSFamily::Win9x) return std::make_unique<clsNetConfig9x>();
     return nullptr;
 }
 

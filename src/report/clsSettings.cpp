@@ -274,19 +274,33 @@ std::string clsSettings::GetAllSettings(const clsRwzConfig& aobjConfig) {
 
 bool clsSettings::ExportAllSettings(const clsRwzConfig& aobjConfig, const std::string& astrFile) {
     Procedure proc(kObject, "ExportAllSettings");
-    return proc.Run([&] {
-        const std::string file = Trim(astrFile);
-        if (file.empty()) {
-            ShowMessage(kMissingFileName, MB_OK | MB_ICONSTOP, kTitle);
+    const std::string file = Trim(astrFile);
+    return proc.RunThen(
+        [&] {
+            if (file.empty()) {
+                ShowMessage(kMissingFileName, MB_OK | MB_ICONSTOP, kTitle);
+                return false;
+            }
+            proc.LogValue(file);
+            WaitCursor hourglass;
+            const std::string report = GetAllSettings(aobjConfig);
+            // A file marked read-only is refused, as saving a profile refuses it.
+            const DWORD attributes = GetFileAttributesA(file.c_str());
+            if (attributes != INVALID_FILE_ATTRIBUTES &&
+                (attributes & (FILE_ATTRIBUTE_READONLY | FILE_ATTRIBUTE_DIRECTORY)))
+                RaiseRuntimeError(kErrPathFileAccess, kObject);
+            // Written whole or not at all: an earlier report stays until the new one is complete.
+            WriteFileSafely(file, report);
+            return true;
+        },
+        [&](const ErrorInfo& error) {
+            // Told as a failed save is told: the user asked for a file and has none.
+            ShowMessage(error.Number == kErrPathFileAccess
+                            ? JoinMessages({MessageText(35, {file}), MessageText(36)})
+                            : "Error: " + error.Description,
+                        MB_OK | MB_ICONEXCLAMATION, kTitle);
             return false;
-        }
-        proc.LogValue(file);
-        WaitCursor hourglass;
-        const std::string report = GetAllSettings(aobjConfig);
-        // Written whole or not at all: an earlier report stays until the new one is complete.
-        WriteFileSafely(file, report);
-        return true;
-    });
+        });
 }
 
 bool clsSettings::PrintAllSettings(const clsRwzConfig& aobjConfig, HWND ahOwner) {

@@ -156,6 +156,8 @@ void frmGeneralTab::OnCreate() {
     BindText(IDC_GEN_WORKGROUP, &N::Workgroup);
     BindText(IDC_GEN_NTDOMAIN, &N::NTDomain);
     BindCheck(IDC_GEN_SETPRINTER, &N::EnableDefaultPrinter);
+    BindCheck(IDC_GEN_QUICKLOGON, &N::QuickLogon);
+    BindCheck(IDC_GEN_PWDCACHE, &N::DisablePWDCache);
     mBindings.AddList(
         IDC_GEN_PRINTER,
         [this] {
@@ -363,6 +365,10 @@ void frmGeneralTab::UpdateEnabling() {
         Enable(IDC_GEN_NTDOMAIN, domain);
         // Only the 2000/XP/2003 back end keeps a domain account.
         Enable(IDC_GEN_ACCOUNT, domain && IsNT5Family(mOS));
+        // Only 95/98/ME have the quick logon and the password cache switch.
+        for (int id : {IDC_GEN_QUICKLOGON, IDC_GEN_PWDCACHE})
+            if (HWND control = GetDlgItem(mhWnd, id))
+                ShowWindow(control, mOS == OSFamily::Win9x ? SW_SHOW : SW_HIDE);
 
         const bool printers = mobjNet && !mobjNet->Record().printerList.empty();
         Enable(IDC_GEN_SETPRINTER, printers);

@@ -14,6 +14,7 @@
 // - the workgroup or the domain field, whichever is not chosen, and the
 //   domain account unless a domain is chosen on "2K", "XP" or "2003";
 // - the printer box while the default printer is not set or none exists.
+// The quick logon and password cache switches are shown on "9x" only.
 #pragma once
 
 #include <string>

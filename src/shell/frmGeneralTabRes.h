@@ -28,6 +28,8 @@
 #define IDC_GEN_SETPRINTER 3025
 #define IDC_GEN_PRINTER 3026
 #define IDC_GEN_PRINTERPORT 3027
+#define IDC_GEN_QUICKLOGON 3028  // 95/98/ME only
+#define IDC_GEN_PWDCACHE 3029
 // Labels of the fields, in the order above.
 #define IDC_GEN_LABEL_ADAPTER 3101
 #define IDC_GEN_LABEL_IPADDRESS 3102

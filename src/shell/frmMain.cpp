@@ -37,6 +37,10 @@ const char kUnsupportedText[] =
     "Please check the Roamwise web site to see if there is an updated version available.";
 // Only one copy of the window stays open; a second one brings it forward.
 const char kCopyMutex[] = "Roamwise.MainWindow";
+// How long a copy asked to apply waits for a running copy to finish (a silent
+// apply takes well under a second).
+constexpr DWORD kOtherCopyWaitMs = 10000;
+constexpr DWORD kOtherCopyPollMs = 100;
 
 constexpr int16_t kMsgCurrentConfiguration = 60;
 constexpr int16_t kMsgUnsupportedSystem = 34;
@@ -110,8 +114,7 @@ frmMain::frmMain(HINSTANCE instance) : mhInstance(instance) {}
 frmMain::~frmMain() = default;
 
 int frmMain::Run(int showCommand) {
-    mhCopyMutex.Reset(CreateMutexA(nullptr, FALSE, kCopyMutex));
-    mblnAnotherCopy = GetLastError() == ERROR_ALREADY_EXISTS;
+    if (const std::optional<int> code = EndForOtherCopy()) return *code;
     if (!CreateMainWindow()) return 1;
     Form_Load();
     if (mblnUnloaded) return 0;
@@ -141,9 +144,7 @@ bool frmMain::CreateMainWindow() {
     windowClass.hbrBackground = reinterpret_cast<HBRUSH>(COLOR_BTNFACE + 1);
     windowClass.lpszClassName = kWindowClass;
     RegisterClassA(&windowClass);
-    // Giving the first control the focus activates the window while it is
-    // created; a second copy is unloaded right there and goes on to end.
-    if (!Create("MAIN", nullptr, mhInstance) && !mblnUnloaded) return false;
+    if (!Create("MAIN", nullptr, mhInstance)) return false;
     mhTabs = GetDlgItem(mhWnd, IDC_MAIN_TABS);
     CollectMenuItems(GetMenu(mhWnd), mcolMenuCaptions);
     CreateBars();
@@ -247,12 +248,6 @@ bool frmMain::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
         case WM_SIZE:
             Layout();
             return true;
-        case WM_ACTIVATE:
-            if (LOWORD(wParam) != WA_INACTIVE && !mblnActivated) {
-                mblnActivated = true;
-                OnFirstActivation();
-            }
-            return false;
         case WM_CLOSE:
             ExitApplication();
             return true;
@@ -320,17 +315,48 @@ void frmMain::RunCommand(int aintId) {
     }
 }
 
+std::optional<int> frmMain::EndForOtherCopy() {
+    mhCopyMutex.Reset(CreateMutexA(nullptr, FALSE, kCopyMutex));
+    if (GetLastError() != ERROR_ALREADY_EXISTS) return std::nullopt;
+    // The other copy's log is left as it is; this copy only adds why it ends or waits.
+    if (GetSwitch("apply", GetCommandLineArgs(CommandLineText(GetCommandLineA()))).empty()) {
+        WriteLog("Another copy of Roamwise is running: this copy brings it forward and ends.",
+                 kLogInformation);
+        if (HWND other = FindWindowByPartialTitle("- Roamwise")) {
+            if (IsIconic(other)) ShowWindow(other, SW_RESTORE);
+            SetForegroundWindow(other);
+        }
+        return 0;
+    }
+    WriteLog("Another copy of Roamwise is running: this copy applies when it has finished.",
+             kLogInformation);
+    // The mutex lives while any copy holds it: let go, look again.
+    for (DWORD waited = 0; waited < kOtherCopyWaitMs; waited += kOtherCopyPollMs) {
+        mhCopyMutex.Reset();
+        Sleep(kOtherCopyPollMs);
+        mhCopyMutex.Reset(CreateMutexA(nullptr, FALSE, kCopyMutex));
+        if (GetLastError() != ERROR_ALREADY_EXISTS) {
+            mblnWaitedForOtherCopy = true;
+            return std::nullopt;
+        }
+    }
+    WriteLog("The other copy of Roamwise did not finish within " +
+                 std::to_string(kOtherCopyWaitMs / 1000) +
+                 " seconds: this copy ends without applying.",
+             kLogWarning);
+    return 1;
+}
+
 void frmMain::Form_Load() {
-    // The header comes before the entry line. In a read-only folder there is
-    // no log, and the program runs on without one.
+    // The header comes before the entry line. When no folder takes the log,
+    // the program runs on without one.
     try {
-        WriteLogHeader();
+        WriteLogHeader(mblnWaitedForOtherCopy ? LogStart::Append : LogStart::Replace);
     } catch (const std::exception&) {
     }
     Procedure proc(kObject, "Form_Load");
     proc.Run([&] {
         WaitCursor hourglass;
-        mblnActivated = false;
 
         ApplyLanguage();
 
@@ -354,17 +380,6 @@ void frmMain::Form_Load() {
             if (mblnExitAfterSwitches) Unload();
         }
     });
-}
-
-void frmMain::OnFirstActivation() {
-    if (!mblnAnotherCopy) return;
-    // Only one copy stays open: bring the other one forward and leave.
-    SetWindowTextA(mhWnd, "");
-    if (HWND other = FindWindowByPartialTitle("- Roamwise", mhWnd)) {
-        if (IsIconic(other)) ShowWindow(other, SW_RESTORE);
-        SetForegroundWindow(other);
-    }
-    Unload();
 }
 
 void frmMain::InitializeForm() {

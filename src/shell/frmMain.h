@@ -8,6 +8,7 @@
 
 #include <array>
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -47,8 +48,11 @@ class frmMain : public clsDialog, public ITabHost {
     bool CreateMainWindow();
     void CreateBars();
     void CreatePages();
+    // Only one copy runs at a time. The exit code when this copy is to end
+    // because another one runs: 0 when it brought that one forward, 1 when it
+    // was asked to apply and the other did not finish in time.
+    std::optional<int> EndForOtherCopy();
     void Form_Load();
-    void OnFirstActivation();
     void InitializeForm();
     void ProcessCommandLineSwitches(const std::vector<std::string>& avarArgs);
     void DisplayAboutDialog();
@@ -132,8 +136,7 @@ class frmMain : public clsDialog, public ITabHost {
     std::vector<MenuCaption> mcolMenuCaptions;
 
     std::string mstrOS;
-    bool mblnActivated = false;
-    bool mblnAnotherCopy = false;
+    bool mblnWaitedForOtherCopy = false;  // its log goes on after the other copy's
     bool mblnAutoReset = false;
     bool mblnShowNICWarning = false;
     bool mblnExitAfterSwitches = false;

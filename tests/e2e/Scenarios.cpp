@@ -262,6 +262,8 @@ class Runner {
             bench::CopyFileReplacing(arg(0), arg(1));
         } else if (v == "delete") {
             DeleteFileA(arg(0).c_str());
+        } else if (v == "readonly") {
+            SetFileAttributesA(arg(0).c_str(), FILE_ATTRIBUTE_READONLY);
         } else if (v == "truncate") {  // a file cut to its first half
             const std::string text = bench::ReadFileText(arg(0));
             bench::WriteFile(arg(0), text.substr(0, text.size() / 2));

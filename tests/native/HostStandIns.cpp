@@ -31,9 +31,6 @@ void LogError(const ErrorInfo& error, const std::string& where) {
     WriteLog(error.Description + " (" + std::to_string(error.Number) + ") : " + where, kLogError);
 }
 
-void LogError(const std::string& where) {
-    LogError(Err::Pending(), where);
-}
 
 std::string ReadWholeFile(const std::string& astrFile, size_t alngMaxBytes) {
     std::ifstream file(astrFile, std::ios::binary);
