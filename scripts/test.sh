@@ -54,10 +54,19 @@ fi
 "$here/tests/bench/start-cups.sh" </dev/null || echo "test: no test printer: the print tests will fail"
 
 log=$(mktemp)
-trap 'rm -f "$log"' EXIT
+trap 'rm -f "$log" "$log.native"' EXIT
 ctest --test-dir "$tree" -j2 --output-on-failure --timeout "${RWZ_TEST_TIMEOUT:-900}" "$@" \
     </dev/null 2>&1 | tee "$log"
 ctest_status=${PIPESTATUS[0]}
+
+# --- Native: the parsers built for the host, their table tests and the replay
+# of the inputs that once broke them (tests/native, a few seconds).
+if "$here/tests/native/run.sh" </dev/null >"$log.native" 2>&1; then
+    echo "  native: Passed"; native_failed=0
+else
+    cat "$log.native"; echo "  native: ***Failed"; native_failed=1
+fi
+# --- end of the native block
 
 # ctest's own lines: "  1/9 Test  #3: platform .........   Passed    4.12 sec"
 passed=$(grep -cE '^ *[0-9]+/[0-9]+ Test +#[0-9]+: .* Passed' "$log")
@@ -68,6 +77,7 @@ fi
 echo
 echo "ran: $(grep -oE 'Test +#[0-9]+: [^ ]+' "$log" | awk '{print $3}' | sort | tr '\n' ' ')"
 [ "$failed" -gt 0 ] && echo "failed: $(grep -E '^ *[0-9]+/[0-9]+ Test +#[0-9]+: .*(\*\*\*|Failed|Timeout|Not Run|Exception)' "$log" | grep -oE '#[0-9]+: [^ ]+' | awk '{print $2}' | tr '\n' ' ')"
+passed=$((passed + 1 - native_failed)); failed=$((failed + native_failed))
 [ $size_ok = 1 ] || echo "test: FAILED: tests/ is $ratio% of src/, more than the 40% allowed"
 echo "$passed passed, $failed failed"
 [ "$failed" -eq 0 ] && [ "$ctest_status" -eq 0 ] && [ $size_ok = 1 ]

@@ -11,7 +11,8 @@
 //     user_pref("network.proxy.http_port", 8080);
 //     user_pref("mail.leave_on_server", true);
 // Names are found without regard to (ASCII) case; the writers keep the case
-// they are given. Values are neither escaped nor unescaped.
+// they are given. Text values are escaped as the browser escapes them, so no
+// value can end its line early or add a preference of its own.
 #pragma once
 
 #include <cstdint>
@@ -38,11 +39,17 @@ class NavigatorPrefsLib {
     // write was due and failed (the file on disk is then left as it was).
     bool ClosePrefsFile();
 
-    // The value without its surrounding quotes; "" when the name is absent.
-    // The value ends at the line's first ")", even when that lies inside it.
+    // Replaces the list by the lines of a file's text / the text the list
+    // makes, each line followed by CR LF.
+    void LoadPrefsText(const std::string& astrText);
+    std::string PrefsText() const;
+
+    // The value without its surrounding quotes and escapes; "" when the name
+    // is absent. The value ends at the line's first ")" outside a quoted text.
     std::string GetSetting(const std::string& astrName) const;
     // A text preference: replaces the line in place, except that a line that was
-    // the last one moves up before the line above it; a new name is appended.
+    // the last one moves up before the line above it; a new name is appended
+    // (to an empty list too).
     void SaveSettingStr(const std::string& astrName, const std::string& astrValue);
     // Integer and Boolean preferences replace the line in place; a new name is
     // appended.
@@ -73,17 +80,10 @@ class NavigatorPrefsLib {
 // does not start another line; a lone CR stays part of its line.
 std::vector<std::string> SplitPrefsLines(const std::string& astrText);
 
-// Replaces the file's contents so that it is never left half-written: the text
-// goes to a new file in the same folder, which then takes the old file's name.
-// A read-only file is refused. Raises the runtime error that fits on failure;
-// the old file is then unchanged.
-void WriteFileSafely(const std::string& astrFile, const std::string& astrText);
-
-// The last step of WriteFileSafely: the new file takes the old one's name.
-// With MoveFileExA (NT 4 and later) in one rename; without it (Windows 95, 98,
-// ME) the old file is renamed aside first and only deleted once the new one
-// is in place, and renamed back if that fails.
-void ReplaceFileByRename(const std::string& astrNewFile, const std::string& astrFile,
-                         bool ablnUseMoveFileEx);
+// A text value as the browser's own writer puts it between double quotes:
+// backslash, double quote and the line breaks escaped.
+std::string EscapePrefsText(const std::string& astrValue);
+// The reverse, for a value read from the file.
+std::string UnescapePrefsText(const std::string& astrValue);
 
 }  // namespace rwz

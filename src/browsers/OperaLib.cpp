@@ -4,6 +4,7 @@
 
 #include <optional>
 #include <utility>
+#include <vector>
 
 #include "browsers/modShellFolders.h"
 #include "platform/Procedure.h"
@@ -11,6 +12,7 @@
 #include "platform/Win32Handles.h"
 #include "platform/modAPI.h"
 #include "platform/modUtilities.h"
+#include "platform/modSafeFile.h"
 #include "profile/modProfileIO.h"
 
 namespace rwz {
@@ -241,9 +243,15 @@ void OperaLib::ApplyConfiguration() {
                 if (!IsOperaSettingsFile(mstrSettingsFile))
                     throw RwzError(kErrPathFileAccess, kTag, "not an Opera settings file");
             }
-            for (const auto& [key, text] : changes) {
-                WriteProfileString(mstrSettingsFile, key->Section, key->Key, text);
-                proc.Log(std::string(key->Key) + " = " + text);
+            // The changes go into a copy that then takes the file's place, so the
+            // file is never left half-written.
+            if (!changes.empty()) {
+                EditFileSafely(mstrSettingsFile, [&](const std::string& copy) {
+                    for (const auto& [key, text] : changes) {
+                        WriteProfileString(copy, key->Section, key->Key, text);
+                        proc.Log(std::string(key->Key) + " = " + text);
+                    }
+                });
             }
             ResetFlags();
         },

@@ -1,14 +1,11 @@
 #include "browsers/ZvMozillaLib.h"
 
-#include <windows.h>
-
 #include <algorithm>
 #include <cstdio>
 #include <optional>
 
 #include "platform/Procedure.h"
 #include "platform/RwzError.h"
-#include "platform/Win32Handles.h"
 #include "platform/modLogging.h"
 
 namespace rwz {
@@ -139,49 +136,13 @@ std::string ValueText(const ZvRegEntry& entry) {
     return text;
 }
 
-std::string RenderingError() {
-    return "Error: (" + std::to_string(Err::Number()) + ") " + Err::Description();
+std::string RenderingError(const ErrorInfo& aError) {
+    return "Error: (" + std::to_string(aError.Number) + ") " + aError.Description;
 }
 
 }  // namespace
 
 // --- Reading ---------------------------------------------------------------
-
-bool ZvMozillaLib::Open(const std::string& astrFile) {
-    Procedure proc(kObject, "Open");
-    return proc.Run(
-        [&] {
-            Clear();
-            mstrFile = astrFile;
-            KernelHandle file(CreateFileA(astrFile.c_str(), GENERIC_READ,
-                                          FILE_SHARE_READ | FILE_SHARE_WRITE, nullptr,
-                                          OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr));
-            if (!file) {
-                proc.Log("cannot open " + astrFile);
-                return false;
-            }
-            DWORD high = 0;
-            const DWORD size = GetFileSize(file.Get(), &high);
-            if (size == INVALID_FILE_SIZE && GetLastError() != NO_ERROR) {
-                proc.Log("cannot read " + astrFile);
-                return false;
-            }
-            if (high != 0 || size > kMaxFileSize) {
-                proc.Log("too large for a profile registry: " + astrFile);
-                return false;
-            }
-            std::string data(size, '\0');
-            DWORD got = 0;
-            if (size != 0 &&
-                (!ReadFile(file.Get(), &data[0], size, &got, nullptr) || got != size)) {
-                proc.Log("cannot read " + astrFile);
-                return false;
-            }
-            file.Reset();
-            return ReadRegistry(data);
-        },
-        false);
-}
 
 bool ZvMozillaLib::ReadRegistry(const std::string& astrData) {
     Procedure proc(kObject, "ReadRegistry");
@@ -251,7 +212,7 @@ bool ZvMozillaLib::ReadTree() {
     ZvRegKey top;
     ReadChain(mlngRoot, top, 0);
     if (!top.Entries().empty()) Damage("entry outside any key", mlngRoot);
-    mobjKeys = top.Keys();
+    mobjKeys = top.ReleaseKeys();
     return !mobjKeys.empty();
 }
 
@@ -364,14 +325,14 @@ uint32_t ZvMozillaLib::ReadLong(uint32_t alngOffset) {
 }
 
 uint32_t ZvMozillaLib::ReadLong() {
-    if (!Fits(mlngPosition, 4)) Err::Raise(kErrInputPastEnd, kObject, "Input past end of file");
+    if (!Fits(mlngPosition, 4)) throw RwzError(kErrInputPastEnd, kObject, "Input past end of file");
     const uint32_t value = static_cast<uint32_t>(LittleEndian(mstrData, mlngPosition, 4));
     mlngPosition += 4;
     return value;
 }
 
 uint16_t ZvMozillaLib::ReadShort() {
-    if (!Fits(mlngPosition, 2)) Err::Raise(kErrInputPastEnd, kObject, "Input past end of file");
+    if (!Fits(mlngPosition, 2)) throw RwzError(kErrInputPastEnd, kObject, "Input past end of file");
     const uint16_t value = static_cast<uint16_t>(LittleEndian(mstrData, mlngPosition, 2));
     mlngPosition += 2;
     return value;
@@ -379,7 +340,7 @@ uint16_t ZvMozillaLib::ReadShort() {
 
 std::string ZvMozillaLib::ReadText(uint32_t alngLength) {
     if (!Fits(mlngPosition, alngLength)) {
-        Err::Raise(kErrInputPastEnd, kObject, "Input past end of file");
+        throw RwzError(kErrInputPastEnd, kObject, "Input past end of file");
     }
     std::string text = mstrData.substr(mlngPosition, alngLength);
     mlngPosition += alngLength;

@@ -22,6 +22,8 @@ class ZvRegKey {
     const std::vector<ZvRegKey>& Keys() const { return mobjKeys; }
 
     void AddEntry(ZvRegEntry aobjEntry) { mobjEntries.push_back(std::move(aobjEntry)); }
+    // Hands the child keys over (the key keeps none), without copying the tree.
+    std::vector<ZvRegKey> ReleaseKeys() { return std::move(mobjKeys); }
     // Returns the key as stored, for filling in its own entries and keys.
     ZvRegKey& AddKey(ZvRegKey aobjKey);
 

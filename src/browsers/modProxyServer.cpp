@@ -1,7 +1,7 @@
 #include "browsers/modProxyServer.h"
 
 #include "platform/Procedure.h"
-#include "platform/modUtilities.h"
+#include "platform/modText.h"
 
 namespace rwz {
 

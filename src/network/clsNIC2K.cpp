@@ -1,8 +1,8 @@
 #include "network/clsNIC2K.h"
 
-#include "network/modRegistryRead.h"
 #include "platform/Procedure.h"
 #include "platform/modLogging.h"
+#include "platform/modRegistry.h"
 #include "platform/modUtilities.h"
 
 namespace rwz {
@@ -19,11 +19,10 @@ const char kAdapterClass[] = "{4D36E972-E325-11CE-BFC1-08002BE10318}";
 const char kClassKey[] = "\\HKEY_LOCAL_MACHINE\\SYSTEM\\CurrentControlSet\\Control\\Class\\";
 
 // A single string value, cut at its first NUL.
-bool ReadName(clsEasyRegistry& aobjRegistry, const std::string& astrKey,
-              const std::string& astrValue, std::string& astrName) {
-    const bool ok = ReadRegistryText(aobjRegistry, astrKey, astrValue, astrName);
-    astrName = astrName.substr(0, astrName.find('\0'));
-    return ok;
+bool ReadName(const std::string& astrKey, const std::string& astrValue, std::string& astrName) {
+    const std::optional<std::string> text = reg::ReadText(astrKey, astrValue);
+    astrName = text ? text->substr(0, text->find('\0')) : std::string();
+    return text.has_value();
 }
 
 // The connection's "MediaSubType" (the connections folder's sub-media type).
@@ -83,57 +82,45 @@ void clsNIC2K::EnumAdapters(const std::string& astrStart, std::vector<std::strin
 
         const std::string strCards = std::string(kCardsRoot) + astrStart;
         WriteLog("clsNIC2K - EnumerateAdapters: Start search at: " + strCards, kLogDebug);
-        clsEasyRegistry objRegistry;
-        objRegistry.SetSuppressErrors(true);
-        objRegistry.SetCurrentKey("\\" + strCards);
-        if (objRegistry.LastError() != 0) return;
-        const auto cards = objRegistry.DirKey();
-        if (!cards) return;
-
-        objRegistry.SetCurrentKey(kNetworkKey);
-        if (objRegistry.LastError() != 0) return;
-        const auto classes = objRegistry.DirKey();
-        if (!classes) return;
+        const std::vector<std::string> cards = reg::SubKeys("\\" + strCards);
+        if (cards.empty()) return;
+        const std::vector<std::string> classes = reg::SubKeys(kNetworkKey);
+        if (classes.empty()) return;
 
         size_t lngOrdinal = astrNames.size();
-        for (size_t i = 0; i < cards->size(); ++i) {
+        for (size_t i = 0; i < cards.size(); ++i) {
             const std::string strWhere = "clsNIC2K - EnumerateAdapters[" + std::to_string(i);
-            const std::string strCard = "\\" + strCards + "\\" + (*cards)[i];
+            const std::string strCard = "\\" + strCards + "\\" + cards[i];
             std::string strService;
             std::string strDescription;
-            if (!ReadName(objRegistry, strCard, "ServiceName", strService) || strService.empty())
-                continue;
-            ReadName(objRegistry, strCard, "Description", strDescription);
+            if (!ReadName(strCard, "ServiceName", strService) || strService.empty()) continue;
+            ReadName(strCard, "Description", strDescription);
             WriteLog(strWhere + "]: Service name (GUID): " + strService, kLogDebug);
 
-            for (const std::string& strClass : *classes) {
+            for (const std::string& strClass : classes) {
                 const std::string strConnection =
                     std::string(kNetworkKey) + "\\" + strClass + "\\" + strService + "\\Connection";
-                objRegistry.SetCurrentKey(strConnection);
-                if (objRegistry.LastError() != 0) continue;
+                if (!reg::KeyExists(strConnection)) continue;
 
                 // The connection name replaces the card's description.
                 std::string strDisplayName;
-                ReadName(objRegistry, strConnection, "Name", strDisplayName);
+                ReadName(strConnection, "Name", strDisplayName);
                 std::string strInstance;
-                if (!ReadName(objRegistry, strConnection, "PnpInstanceID", strInstance) ||
-                    strInstance.empty())
+                if (!ReadName(strConnection, "PnpInstanceID", strInstance) || strInstance.empty())
                     continue;
 
-                long lngDisableCount = 0;
                 const bool blnDisabled =
-                    ReadRegistryNumber(objRegistry, kEnumKey + strInstance + "\\Control",
-                                       "DisableCount", lngDisableCount) &&
-                    lngDisableCount != 0;
+                    reg::ReadNumber(kEnumKey + strInstance + "\\Control", "DisableCount")
+                        .value_or(0) != 0;
                 std::string strDriver;
-                ReadName(objRegistry, kEnumKey + strInstance, "Service", strDriver);
+                ReadName(kEnumKey + strInstance, "Service", strDriver);
                 if (blnDisabled && !blnShowDisabled) {
                     WriteLog(strWhere + "]: Disabled: " + strService, kLogDebug);
                     continue;
                 }
 
                 if (strDisplayName.empty() && !strDriver.empty())
-                    ReadName(objRegistry, kServicesKey + strDriver, "DisplayName", strDisplayName);
+                    ReadName(kServicesKey + strDriver, "DisplayName", strDisplayName);
                 // A nameless adapter could be neither shown nor chosen by a profile.
                 if (strDisplayName.empty()) continue;
                 if (blnDisabled) strDisplayName += " (Disabled)";
@@ -155,31 +142,22 @@ std::string clsNIC2K::AdapterType(const std::string& astrKey) {
     Procedure proc(kObject, "AdapterType");
     return proc.Run([&] {
         if (astrKey.empty()) return std::string();
-        clsEasyRegistry objRegistry;
-        objRegistry.SetSuppressErrors(true);
-        long lngMediaType = 0;
-        if (ReadRegistryNumber(
-                objRegistry,
+        if (const std::optional<long> mediaType = reg::ReadNumber(
                 std::string(kNetworkKey) + "\\" + kAdapterClass + "\\" + astrKey + "\\Connection",
-                "MediaSubType", lngMediaType)) {
-            const std::string strType = MediaSubTypeName(lngMediaType);
+                "MediaSubType")) {
+            const std::string strType = MediaSubTypeName(*mediaType);
             if (!strType.empty()) return strType;
         }
 
         // The driver instance whose NetCfgInstanceId is the adapter key.
         const std::string strClass = std::string(kClassKey) + kAdapterClass;
-        objRegistry.SetCurrentKey(strClass);
-        if (objRegistry.LastError() != 0) return std::string();
-        const auto instances = objRegistry.DirKey();
-        if (!instances) return std::string();
-        for (const std::string& strInstance : *instances) {
+        for (const std::string& strInstance : reg::SubKeys(strClass)) {
             std::string strId;
-            if (!ReadName(objRegistry, strClass + "\\" + strInstance, "NetCfgInstanceId", strId) ||
+            if (!ReadName(strClass + "\\" + strInstance, "NetCfgInstanceId", strId) ||
                 ToLower(strId) != ToLower(astrKey))
                 continue;
             std::string strRange;
-            ReadName(objRegistry, strClass + "\\" + strInstance + "\\Ndi\\Interfaces", "LowerRange",
-                     strRange);
+            ReadName(strClass + "\\" + strInstance + "\\Ndi\\Interfaces", "LowerRange", strRange);
             return LowerRangeName(strRange);
         }
         return std::string();

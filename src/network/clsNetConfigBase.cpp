@@ -1,11 +1,17 @@
 #include "network/clsNetConfigBase.h"
 
+#include <windows.h>
+
 #include <algorithm>
 #include <utility>
 
+#include "localization/modLocalization.h"
 #include "network/modAdapterChoice.h"
+#include "network/modAddressCheck.h"
 #include "network/modScramble.h"
 #include "platform/Procedure.h"
+#include "platform/modLogging.h"
+#include "platform/modRegistry.h"
 #include "platform/modUtilities.h"
 #include "profile/modProfileIO.h"
 
@@ -13,76 +19,343 @@ namespace rwz {
 
 namespace {
 
+using R = NetRecord;
+using S = NetSetting;
+
 const char kNetworkSection[] = "Network";
 const char kPrinterSection[] = "Printer";
+const char kPrintersKey[] =
+    "\\HKEY_LOCAL_MACHINE\\System\\CurrentControlSet\\Control\\Print\\Printers";
 
-// Lists are written to profiles with "," between entries, whatever the
-// separator in memory.
-std::string CommaList(std::string astrList) {
-    std::replace(astrList.begin(), astrList.end(), '\0', ',');
-    return astrList;
+// The order in which LoadConfiguration captures the settings, after the
+// adapters; a setting the back end has no row for is passed over.
+const S kCaptureOrder[] = {
+    S::ComputerName,   S::ComputerDescription,
+    S::Workgroup,      S::Domain,
+    S::Host,           S::IPAddress,
+    S::IPMask,         S::LMHostFile,
+    S::DNSServers,     S::WINSEnabled,
+    S::WINSServer1,    S::WINSServer2,
+    S::ScopeID,        S::SearchList,
+    S::DNSEnabled,     S::DHCPEnabled,
+    S::NTLogon,        S::NTDomain,
+    S::PrinterList,    S::DefaultPrinter,
+    S::DefaultGateway, S::DisablePWDCache,
+    S::QuickLogon,     S::AdvPrinterSettings,
+};
+
+// What choosing another adapter re-reads, in this order.
+const S kAdapterSettings[] = {S::DNSEnabled,  S::DNSServers,     S::IPAddress,
+                              S::IPMask,      S::DefaultGateway, S::DHCPEnabled,
+                              S::WINSServer1, S::WINSServer2,    S::WINSEnabled};
+
+// The four advanced printer values share one flag.
+bool IsAdvPrinterText(NetText aField) {
+    return aField == &R::PrinterPort || aField == &R::PrinterCaptureDev ||
+           aField == &R::PrinterCapturePath;
+}
+
+// Stored as assigned, with no flag: they only go with other settings.
+bool IsUnflagged(NetText aField) {
+    return aField == &R::NTDomainUserName || aField == &R::NTDomainPassword;
+}
+bool IsUnflagged(NetFlag aField) {
+    return aField == &R::EnableDefaultPrinter || aField == &R::EnableAdvPrinterSettings;
+}
+
+// The keys of a profile's [Network] and [Printer] sections after "Adapter", in
+// the order they are written and read.
+enum class KeyKind { Text, Flag, FlagOrEmpty, AddressList, Scrambled };
+enum class KeyScope { All, DomainAccount, LogonOptions, ReadOnly };
+struct ProfileKey {
+    const char* Section;
+    const char* Key;
+    KeyKind Kind;
+    NetText Text;
+    NetFlag Flag;
+    KeyScope Scope;
+};
+
+const ProfileKey kProfileKeys[] = {
+    {kNetworkSection, "IPAddress", KeyKind::AddressList, &R::IPAddress, nullptr, KeyScope::All},
+    {kNetworkSection, "IPMask", KeyKind::AddressList, &R::IPMask, nullptr, KeyScope::All},
+    {kNetworkSection, "DefaultGateway", KeyKind::Text, &R::DefaultGateway, nullptr, KeyScope::All},
+    {kNetworkSection, "NameServer", KeyKind::Text, &R::DNSServers, nullptr, KeyScope::All},
+    {kNetworkSection, "HostName", KeyKind::Text, &R::Host, nullptr, KeyScope::All},
+    {kNetworkSection, "Domain", KeyKind::Text, &R::DomainName, nullptr, KeyScope::All},
+    {kNetworkSection, "NTDomainUserName", KeyKind::Scrambled, &R::NTDomainUserName, nullptr,
+     KeyScope::DomainAccount},
+    {kNetworkSection, "NTDomainPassword", KeyKind::Scrambled, &R::NTDomainPassword, nullptr,
+     KeyScope::DomainAccount},
+    {kNetworkSection, "SearchList", KeyKind::Text, &R::SearchList, nullptr, KeyScope::All},
+    // Taken from profiles, never written.
+    {kNetworkSection, "LMHostFile", KeyKind::Text, &R::LMHostFile, nullptr, KeyScope::ReadOnly},
+    {kNetworkSection, "NameServer1", KeyKind::Text, &R::WINSServer1, nullptr, KeyScope::All},
+    {kNetworkSection, "NameServer2", KeyKind::Text, &R::WINSServer2, nullptr, KeyScope::All},
+    {kNetworkSection, "ScopeID", KeyKind::Text, &R::ScopeID, nullptr, KeyScope::All},
+    {kNetworkSection, "EnableDNS", KeyKind::Flag, nullptr, &R::DNSEnabled, KeyScope::All},
+    {kNetworkSection, "ComputerName", KeyKind::Text, &R::ComputerName, nullptr, KeyScope::All},
+    {kNetworkSection, "ComputerDescription", KeyKind::Text, &R::ComputerDescription, nullptr,
+     KeyScope::All},
+    {kNetworkSection, "Workgroup", KeyKind::Text, &R::Workgroup, nullptr, KeyScope::All},
+    {kNetworkSection, "NTLogon", KeyKind::Flag, nullptr, &R::NTLogonEnabled, KeyScope::All},
+    {kNetworkSection, "NTDomain", KeyKind::Text, &R::NTDomain, nullptr, KeyScope::All},
+    {kNetworkSection, "DHCP", KeyKind::Flag, nullptr, &R::DHCPEnabled, KeyScope::All},
+    {kNetworkSection, "WINS", KeyKind::Flag, nullptr, &R::WINSEnabled, KeyScope::All},
+    {kNetworkSection, "DisablePWDCache", KeyKind::Flag, nullptr, &R::DisablePWDCache,
+     KeyScope::LogonOptions},
+    {kNetworkSection, "QuickLogon", KeyKind::Flag, nullptr, &R::QuickLogon, KeyScope::LogonOptions},
+    {kPrinterSection, "DefaultPrinter", KeyKind::Text, &R::DefaultPrinter, nullptr, KeyScope::All},
+    {kPrinterSection, "AdvancedSettingsEnabled", KeyKind::Flag, nullptr,
+     &R::EnableAdvPrinterSettings, KeyScope::All},
+    {kPrinterSection, "PrinterPort", KeyKind::Text, &R::PrinterPort, nullptr, KeyScope::All},
+    {kPrinterSection, "PrinterCaptureDevice", KeyKind::Text, &R::PrinterCaptureDev, nullptr,
+     KeyScope::All},
+    {kPrinterSection, "PrinterCapturePath", KeyKind::Text, &R::PrinterCapturePath, nullptr,
+     KeyScope::All},
+    {kPrinterSection, "ReConnectAtLogon", KeyKind::Flag, nullptr, &R::PrinterCaptureReconnect,
+     KeyScope::All},
+    // A profile without the key sets the default printer.
+    {kPrinterSection, "EnableDefaultPrinter", KeyKind::FlagOrEmpty, nullptr,
+     &R::EnableDefaultPrinter, KeyScope::All},
+};
+
+// The lists whose every entry must be an address (or a mask) before anything
+// of the area is applied.
+const NetText kAddressLists[] = {&R::IPAddress,  &R::IPMask,      &R::DefaultGateway,
+                                 &R::DNSServers, &R::WINSServer1, &R::WINSServer2};
+
+enum : int16_t {
+    kMsgNotAnAddress = 80,
+    kMsgValueCut = 81,
+    kMsgNoAdapterMatches = 82,
+};
+
+bool IsAddressList(NetText aField) {
+    for (NetText field : kAddressLists)
+        if (field == aField) return true;
+    return false;
+}
+
+// The profile key that carries a field ("IPAddress", "NameServer", ...).
+const char* KeyOf(NetText aField) {
+    for (const ProfileKey& key : kProfileKeys)
+        if (key.Text == aField) return key.Key;
+    return "";
+}
+
+// Whether a value is longer than what a profile read returns.
+bool IsCut(const std::string& astrFile, const char* astrSection, const char* astrKey,
+           const std::string& astrValue) {
+    if (astrValue.size() + 1 < kProfileValueBuffer) return false;
+    std::vector<char> buffer(64 * 1024);
+    const DWORD length =
+        GetPrivateProfileStringA(astrSection, astrKey, "", buffer.data(),
+                                 static_cast<DWORD>(buffer.size()), astrFile.c_str());
+    return length > astrValue.size();
+}
+
+std::string Replaced(std::string astrText, char from, char to) {
+    std::replace(astrText.begin(), astrText.end(), from, to);
+    return astrText;
 }
 
 }  // namespace
 
-const char* SetOperationName(NetSetting aSetting) {
-    switch (aSetting) {
-        case NetSetting::ComputerName:
-            return "SetComputerName";
-        case NetSetting::ComputerDescription:
-            return "SetComputerDescription";
-        case NetSetting::Workgroup:
-            return "SetWorkgroup";
-        case NetSetting::NTLogon:
-            return "SetNTLogon";
-        case NetSetting::NTDomain:
-            return "SetNTDomain";
-        case NetSetting::Domain:
-            return "SetDomain";
-        case NetSetting::Host:
-            return "SetHost";
-        case NetSetting::IPAddress:
-            return "SetIPAddress";
-        case NetSetting::IPMask:
-            return "SetIPMask";
-        case NetSetting::LMHostFile:
-            return "SetLMHostFile";
-        case NetSetting::DNSServers:
-            return "SetDNSServers";
-        case NetSetting::WINSEnabled:
-            return "SetWINSEnabled";
-        case NetSetting::WINSServer1:
-            return "SetWINSServer1";
-        case NetSetting::WINSServer2:
-            return "SetWINSServer2";
-        case NetSetting::ScopeID:
-            return "SetScopeID";
-        case NetSetting::SearchList:
-            return "SetSearchList";
-        case NetSetting::DNSEnabled:
-            return "SetDNSEnabled";
-        case NetSetting::DHCPEnabled:
-            return "SetDHCPEnabled";
-        case NetSetting::DefaultPrinter:
-            return "SetDefaultPrinter";
-        case NetSetting::DefaultGateway:
-            return "SetDefaultGateway";
-        case NetSetting::DisablePWDCache:
-            return "SetDisablePWDCache";
-        case NetSetting::QuickLogon:
-            return "SetQuickLogon";
-        case NetSetting::AdvPrinterSettings:
-            return "SetAdvPrinterSettings";
-        case NetSetting::Count:
-            break;
-    }
-    return "";
+NetSettingRow TextRow(const char* astrOperation, NetSetting aSetting, NetText aField,
+                      ValueKind aKind, RegistryPlace aPlace, NetOperation aRead,
+                      NetOperation aWrite) {
+    return {astrOperation, aSetting, aField, nullptr, aKind, aPlace, aRead, aWrite};
+}
+
+NetSettingRow FlagRow(const char* astrOperation, NetSetting aSetting, NetFlag aField,
+                      RegistryPlace aPlace, NetOperation aRead, NetOperation aWrite) {
+    return {astrOperation, aSetting, nullptr, aField, ValueKind::Flag, aPlace, aRead, aWrite};
+}
+
+NetSettingRow Applied(NetSettingRow aRow, NetApply aApply) {
+    aRow.Apply = aApply;
+    return aRow;
 }
 
 clsNetConfigBase::clsNetConfigBase(NetConfigParticulars aParticulars)
     : mParticulars(std::move(aParticulars)) {}
 
-// --- Changed flags ---------------------------------------------------------
+void clsNetConfigBase::LogLine(const std::string& astrText) const {
+    WriteLog(std::string(ClassName()) + " - " + astrText, kLogDebug);
+}
+
+// --- Lists -------------------------------------------------------------------
+
+std::vector<std::string> clsNetConfigBase::ListEntries(const std::string& astrList) {
+    std::vector<std::string> entries;
+    std::string entry;
+    for (size_t i = 0; i <= astrList.size(); ++i) {
+        const char c = i < astrList.size() ? astrList[i] : '\0';
+        if (c != '\0' && c != ',') {
+            entry += c;
+            continue;
+        }
+        entry = Trim(entry);
+        if (!entry.empty()) entries.push_back(entry);
+        entry.clear();
+    }
+    return entries;
+}
+
+std::vector<uint8_t> clsNetConfigBase::MultiStringBytes(
+    const std::vector<std::string>& astrEntries) {
+    std::vector<uint8_t> bytes;
+    for (const std::string& entry : astrEntries) {
+        bytes.insert(bytes.end(), entry.begin(), entry.end());
+        bytes.push_back(0);
+    }
+    if (astrEntries.empty()) bytes.push_back(0);
+    bytes.push_back(0);
+    return bytes;
+}
+
+std::string clsNetConfigBase::AddressListFromCommas(const std::string& astrList) const {
+    return mParticulars.NulSeparatedAddresses ? Replaced(astrList, ',', '\0') : astrList;
+}
+
+// --- Rows --------------------------------------------------------------------
+
+const NetSettingRow* clsNetConfigBase::Row(NetSetting aSetting) const {
+    for (const NetSettingRow& row : mParticulars.Rows)
+        if (row.Setting == aSetting) return &row;
+    return nullptr;
+}
+
+const NetSettingRow* clsNetConfigBase::RowOf(NetText aField) const {
+    if (IsAdvPrinterText(aField)) return Row(S::AdvPrinterSettings);
+    for (const NetSettingRow& row : mParticulars.Rows)
+        if (row.Text == aField) return &row;
+    return nullptr;
+}
+
+const NetSettingRow* clsNetConfigBase::RowOf(NetFlag aField) const {
+    if (aField == &R::PrinterCaptureReconnect) return Row(S::AdvPrinterSettings);
+    for (const NetSettingRow& row : mParticulars.Rows)
+        if (row.Flag == aField) return &row;
+    return nullptr;
+}
+
+std::string clsNetConfigBase::PlaceKey(const RegistryPlace& aPlace) const {
+    if (!aPlace.Key) return std::string();
+    if (!aPlace.PerAdapter) return aPlace.Key;
+    const std::string adapter = CurrentAdapterKey();
+    return adapter.empty() ? std::string() : aPlace.Key + adapter;
+}
+
+std::string clsNetConfigBase::ReadPlaceText(const RegistryPlace& aPlace) const {
+    const std::string key = PlaceKey(aPlace);
+    if (key.empty()) return std::string();
+    return reg::ReadText(key, aPlace.Name).value_or("");
+}
+
+void clsNetConfigBase::WritePlace(const RegistryPlace& aPlace, const RegistryData& aData) const {
+    const std::string key = PlaceKey(aPlace);
+    if (key.empty()) {
+        LogLine(std::string("no adapter: ") + aPlace.Name + " not written");
+        return;
+    }
+    if (reg::KeyExists(key)) reg::Write(key, aPlace.Name, aPlace.Type, aData);
+}
+
+void clsNetConfigBase::ReadRow(const NetSettingRow& aRow) {
+    const std::string name = std::string("Get") + aRow.Operation;
+    Procedure proc(ClassName(), name.c_str());
+    proc.Run([&] {
+        if (aRow.Read) {
+            (this->*aRow.Read)();
+            return;
+        }
+        const RegistryPlace& place = aRow.Place;
+        if (aRow.Flag) {
+            const std::string key = PlaceKey(place);
+            mRecord.*aRow.Flag = !key.empty() && reg::ReadNumber(key, place.Name).value_or(0) == 1;
+            return;
+        }
+        if (aRow.Kind == ValueKind::Number) {
+            const std::string key = PlaceKey(place);
+            const std::optional<long> number =
+                key.empty() ? std::nullopt : reg::ReadNumber(key, place.Name);
+            mRecord.*aRow.Text = number ? std::to_string(*number) : std::string();
+            return;
+        }
+        std::string text = ReadPlaceText(place);
+        // Multi-strings come NUL-separated; the record keeps its own separator.
+        if (aRow.Kind == ValueKind::List ||
+            (aRow.Kind == ValueKind::AddressList && !mParticulars.NulSeparatedAddresses))
+            text = Replaced(text, '\0', ',');
+        mRecord.*aRow.Text = text;
+    });
+}
+
+void clsNetConfigBase::WriteToPlace(const NetSettingRow& aRow) {
+    const std::string name = std::string("Set") + aRow.Operation + " = ";
+    const RegistryPlace& place = aRow.Place;
+    if (aRow.Flag) {
+        const bool on = mRecord.*aRow.Flag;
+        LogLine(name + ProfileFlagText(on));
+        if (!place.Key) return;
+        WritePlace(place, place.Type == kRegString ? RegistryData(std::string(ProfileFlagText(on)))
+                                                   : RegistryData(on ? 1.0 : 0.0));
+        return;
+    }
+    const std::string& value = mRecord.*aRow.Text;
+    if (aRow.Kind == ValueKind::Text || aRow.Kind == ValueKind::Number) {
+        LogLine(name + value);
+        if (!place.Key) return;
+        if (aRow.Kind == ValueKind::Number)
+            WritePlace(place, static_cast<double>(std::strtol(value.c_str(), nullptr, 10)));
+        else
+            WritePlace(place, value);
+        return;
+    }
+    std::vector<std::string> entries = ListEntries(value);
+    if (entries.empty() && aRow.Kind == ValueKind::AddressList)
+        entries.push_back(kEmptyAddressList);
+    LogLine(name + Join(entries, ","));
+    if (!place.Key) return;
+    if (place.Type == kRegMultiString)
+        WritePlace(place, MultiStringBytes(entries));
+    else
+        WritePlace(place, Join(entries, ","));
+}
+
+void clsNetConfigBase::WriteRow(const NetSettingRow& aRow) {
+    const std::string name = std::string("Set") + aRow.Operation;
+    Procedure proc(ClassName(), name.c_str());
+    proc.Run([&] {
+        switch (aRow.Apply) {
+            case NetApply::Write:
+                if (aRow.Write)
+                    (this->*aRow.Write)();
+                else
+                    WriteToPlace(aRow);
+                break;
+            case NetApply::LogValue:
+                proc.LogValue(aRow.Flag ? std::string(ProfileFlagText(mRecord.*aRow.Flag))
+                                        : Replaced(mRecord.*aRow.Text, '\0', ','));
+                break;
+            case NetApply::EntryLine:
+            case NetApply::Never:
+                break;
+        }
+    });
+}
+
+void clsNetConfigBase::Write(NetSetting aSetting) {
+    if (const NetSettingRow* row = Row(aSetting)) WriteRow(*row);
+}
+
+void clsNetConfigBase::Capture(NetSetting aSetting) {
+    if (const NetSettingRow* row = Row(aSetting)) ReadRow(*row);
+}
+
+// --- Changed flags -------------------------------------------------------------
 
 bool clsNetConfigBase::IsChanged(NetSetting aSetting) const {
     return mChanged.test(static_cast<size_t>(aSetting));
@@ -95,143 +368,71 @@ void clsNetConfigBase::MarkChanged(NetSetting aSetting) {
 void clsNetConfigBase::ResetFlags() {
     Procedure proc(ClassName(), "ResetFlags");
     mChanged.reset();
-    mblnResetRequired = false;
+    mRecord.ResetRequired = false;
+    OnFlagsReset();
 }
 
 // Every assignment flags its setting, whether or not the value differs.
-void clsNetConfigBase::AssignText(std::string& astrMember, const std::string& astrValue,
-                                  NetSetting aSetting) {
-    astrMember = astrValue;
-    MarkChanged(aSetting);
-    OnAssigned(aSetting);
+void clsNetConfigBase::Assign(NetText aField, const std::string& astrValue) {
+    if (!aField) return;
+    if (IsUnflagged(aField)) {
+        mRecord.*aField = astrValue;
+        return;
+    }
+    const NetSettingRow* row = RowOf(aField);
+    if (!row) return;
+    // A list the profile read cut short stays refused until it is replaced.
+    if (mRecord.*aField != astrValue)
+        mCutFields.erase(std::remove(mCutFields.begin(), mCutFields.end(), aField),
+                         mCutFields.end());
+    mRecord.*aField = astrValue;
+    MarkChanged(row->Setting);
+    OnAssigned(row->Setting);
 }
 
-void clsNetConfigBase::AssignFlag(bool& ablnMember, bool ablnValue, NetSetting aSetting) {
-    ablnMember = ablnValue;
-    MarkChanged(aSetting);
-    OnAssigned(aSetting);
+void clsNetConfigBase::Assign(NetFlag aField, bool ablnValue) {
+    if (!aField) return;
+    if (IsUnflagged(aField)) {
+        mRecord.*aField = ablnValue;
+        return;
+    }
+    const NetSettingRow* row = RowOf(aField);
+    if (!row) return;
+    mRecord.*aField = ablnValue;
+    MarkChanged(row->Setting);
+    OnAssigned(row->Setting);
 }
 
-// --- Property setters ------------------------------------------------------
-
-void clsNetConfigBase::SetDefaultGateway(const std::string& astrValue) {
-    AssignText(mstrDefaultGateway, astrValue, NetSetting::DefaultGateway);
-}
-void clsNetConfigBase::SetDefaultPrinter(const std::string& astrValue) {
-    AssignText(mstrDefaultPrinter, astrValue, NetSetting::DefaultPrinter);
-}
-void clsNetConfigBase::SetPrinterPort(const std::string& astrValue) {
-    AssignText(mstrPrinterPort, astrValue, NetSetting::AdvPrinterSettings);
-}
-void clsNetConfigBase::SetPrinterCaptureDev(const std::string& astrValue) {
-    AssignText(mstrPrinterCaptureDev, astrValue, NetSetting::AdvPrinterSettings);
-}
-void clsNetConfigBase::SetPrinterCapturePath(const std::string& astrValue) {
-    AssignText(mstrPrinterCapturePath, astrValue, NetSetting::AdvPrinterSettings);
-}
-void clsNetConfigBase::SetPrinterCaptureReconnect(bool ablnValue) {
-    AssignFlag(mblnPrinterCaptureReconnect, ablnValue, NetSetting::AdvPrinterSettings);
-}
-void clsNetConfigBase::SetNTLogonEnabled(bool ablnValue) {
-    AssignFlag(mblnNTLogonEnabled, ablnValue, NetSetting::NTLogon);
-}
-void clsNetConfigBase::SetNTDomain(const std::string& astrValue) {
-    AssignText(mstrNTDomain, astrValue, NetSetting::NTDomain);
-}
-void clsNetConfigBase::SetDomainName(const std::string& astrValue) {
-    AssignText(mstrDomainName, astrValue, NetSetting::Domain);
-}
-void clsNetConfigBase::SetHost(const std::string& astrValue) {
-    AssignText(mstrHost, astrValue, NetSetting::Host);
-}
-void clsNetConfigBase::SetLMHostFile(const std::string& astrValue) {
-    AssignText(mstrLMHostFile, astrValue, NetSetting::LMHostFile);
-}
-void clsNetConfigBase::SetDNSServers(const std::string& astrValue) {
-    AssignText(mstrDNSServers, astrValue, NetSetting::DNSServers);
-}
-void clsNetConfigBase::SetWINSServer1(const std::string& astrValue) {
-    AssignText(mstrWINSServer1, astrValue, NetSetting::WINSServer1);
-}
-void clsNetConfigBase::SetWINSServer2(const std::string& astrValue) {
-    AssignText(mstrWINSServer2, astrValue, NetSetting::WINSServer2);
-}
-void clsNetConfigBase::SetScopeID(const std::string& astrValue) {
-    AssignText(mstrScopeID, astrValue, NetSetting::ScopeID);
-}
-void clsNetConfigBase::SetSearchList(const std::string& astrValue) {
-    AssignText(mstrSearchList, astrValue, NetSetting::SearchList);
-}
-void clsNetConfigBase::SetDNSEnabled(bool ablnValue) {
-    AssignFlag(mblnDNSEnabled, ablnValue, NetSetting::DNSEnabled);
-}
-void clsNetConfigBase::SetDHCPEnabled(bool ablnValue) {
-    AssignFlag(mblnDHCPEnabled, ablnValue, NetSetting::DHCPEnabled);
-}
-void clsNetConfigBase::SetComputerName(const std::string& astrValue) {
-    AssignText(mstrComputerName, astrValue, NetSetting::ComputerName);
-}
-void clsNetConfigBase::SetComputerDescription(const std::string& astrValue) {
-    AssignText(mstrComputerDescription, astrValue, NetSetting::ComputerDescription);
-}
-void clsNetConfigBase::SetWorkgroup(const std::string& astrValue) {
-    AssignText(mstrWorkgroup, astrValue, NetSetting::Workgroup);
-}
-void clsNetConfigBase::SetWINSEnabled(bool ablnValue) {
-    AssignFlag(mblnWINSEnabled, ablnValue, NetSetting::WINSEnabled);
-}
-void clsNetConfigBase::SetIPAddress(const std::string& astrValue) {
-    AssignText(mstrIPAddress, astrValue, NetSetting::IPAddress);
-}
-void clsNetConfigBase::SetIPMask(const std::string& astrValue) {
-    AssignText(mstrIPMask, astrValue, NetSetting::IPMask);
-}
-void clsNetConfigBase::SetDisablePWDCache(bool ablnValue) {
-    if (!mParticulars.LogonOptions) return;
-    AssignFlag(mblnDisablePWDCache, ablnValue, NetSetting::DisablePWDCache);
-}
-void clsNetConfigBase::SetQuickLogon(bool ablnValue) {
-    if (!mParticulars.LogonOptions) return;
-    AssignFlag(mblnQuickLogon, ablnValue, NetSetting::QuickLogon);
-}
-
-// --- Adapters --------------------------------------------------------------
+// --- Adapters --------------------------------------------------------------------
 
 bool clsNetConfigBase::IsAdapterIndex(int aintIndex) const {
-    return aintIndex >= 0 && aintIndex < static_cast<int>(mastrAdapterList.size());
+    return aintIndex >= 0 && aintIndex < static_cast<int>(mRecord.AdapterList.size());
 }
 
 std::string clsNetConfigBase::CurrentAdapterKey() const {
-    if (!IsAdapterIndex(mintCurrentAdapter) ||
-        mintCurrentAdapter >= static_cast<int>(mastrAdapterKeys.size()))
-        return "";
-    return mastrAdapterKeys[mintCurrentAdapter];
+    const int index = mRecord.CurrentAdapter;
+    if (!IsAdapterIndex(index) || index >= static_cast<int>(mastrAdapterKeys.size()))
+        return std::string();
+    return mastrAdapterKeys[static_cast<size_t>(index)];
 }
 
 void clsNetConfigBase::SetCurrentAdapter(int16_t aintIndex) {
     Procedure proc(ClassName(), "SetCurrentAdapter");
     proc.Run([&] {
-        // An index that names no adapter would make every Get below read from
-        // a key that does not exist.
+        // An index that names no adapter would make every read below use a
+        // key that does not exist.
         if (!IsAdapterIndex(aintIndex)) {
             proc.Log("no adapter " + std::to_string(aintIndex));
             return;
         }
-        mintCurrentAdapter = aintIndex;
-        GetDNSEnabled();
-        GetDNSServers();
-        GetIPAddress();
-        GetIPMask();
-        GetDefaultGateway();
-        GetDHCPEnabled();
-        GetWINSServer1();
-        GetWINSServer2();
-        GetWINSEnabled();
+        mRecord.CurrentAdapter = aintIndex;
+        mstrUnmatchedAdapter.clear();
+        for (S setting : kAdapterSettings) Capture(setting);
     });
 }
 
 void clsNetConfigBase::SetCurrentAdapterNoRefresh(int16_t aintIndex) {
-    if (IsAdapterIndex(aintIndex)) mintCurrentAdapter = aintIndex;
+    if (IsAdapterIndex(aintIndex)) mRecord.CurrentAdapter = aintIndex;
 }
 
 void clsNetConfigBase::GetAdapterList() {
@@ -242,252 +443,168 @@ void clsNetConfigBase::GetAdapterList() {
         EnumerateAdapters(names, keys);
         keys.resize(names.size());
 
-        mastrAdapterList = std::move(names);
+        mRecord.AdapterList = std::move(names);
         mastrAdapterKeys = std::move(keys);
-        if (mastrAdapterList.empty()) {
-            mintCurrentAdapter = -1;
+        if (mRecord.AdapterList.empty()) {
+            mRecord.CurrentAdapter = -1;
             return;
         }
         // Open on the adapter the last applied profile configured; with two
         // equal names, the later one.
         const std::string lastApplied =
             GetProgramSetting(kProductName, "Options", "LastNICApplied", "");
-        mintCurrentAdapter = 0;
-        for (size_t i = 0; i < mastrAdapterList.size(); ++i) {
-            if (mastrAdapterList[i] == lastApplied) mintCurrentAdapter = static_cast<int16_t>(i);
-        }
+        mRecord.CurrentAdapter = 0;
+        for (size_t i = 0; i < mRecord.AdapterList.size(); ++i)
+            if (mRecord.AdapterList[i] == lastApplied)
+                mRecord.CurrentAdapter = static_cast<int16_t>(i);
     });
 }
 
-// --- The machine -----------------------------------------------------------
+// --- The machine -------------------------------------------------------------------
 
 void clsNetConfigBase::LoadConfiguration() {
     Procedure proc(ClassName(), "LoadConfiguration");
     proc.Run([&] {
         GetAdapterList();
-        GetComputerName();
-        GetComputerDescription();
-        GetWorkgroup();
-        GetDomain();
-        GetHost();
-        GetIPAddress();
-        GetIPMask();
-        GetLMHostFile();
-        GetDNSServers();
-        GetWINSEnabled();
-        GetWINSServer1();
-        GetWINSServer2();
-        GetScopeID();
-        GetSearchList();
-        GetDNSEnabled();
-        GetDHCPEnabled();
-        GetNTLogon();
-        GetNTDomain();
-        GetPrinterList();
-        GetDefaultPrinter();
-        GetDefaultGateway();
-        if (mParticulars.LogonOptions) {
-            GetDisablePWDCache();
-            GetQuickLogon();
-        }
-        GetAdvPrinterSettings();
+        for (S setting : kCaptureOrder) Capture(setting);
         // A freshly captured record has nothing to apply.
         ResetFlags();
     });
 }
 
-void clsNetConfigBase::RunSetOperation(NetSetting aSetting) {
-    switch (aSetting) {
-        case NetSetting::ComputerName:
-            SetComputerName();
-            break;
-        case NetSetting::ComputerDescription:
-            SetComputerDescription();
-            break;
-        case NetSetting::Workgroup:
-            SetWorkgroup();
-            break;
-        case NetSetting::NTLogon:
-            SetNTLogon();
-            break;
-        case NetSetting::NTDomain:
-            SetNTDomain();
-            break;
-        case NetSetting::Domain:
-            SetDomain();
-            break;
-        case NetSetting::Host:
-            SetHost();
-            break;
-        case NetSetting::IPAddress:
-            SetIPAddress();
-            break;
-        case NetSetting::IPMask:
-            SetIPMask();
-            break;
-        case NetSetting::LMHostFile:
-            SetLMHostFile();
-            break;
-        case NetSetting::DNSServers:
-            SetDNSServers();
-            break;
-        case NetSetting::WINSEnabled:
-            SetWINSEnabled();
-            break;
-        case NetSetting::WINSServer1:
-            SetWINSServer1();
-            break;
-        case NetSetting::WINSServer2:
-            SetWINSServer2();
-            break;
-        case NetSetting::ScopeID:
-            SetScopeID();
-            break;
-        case NetSetting::SearchList:
-            SetSearchList();
-            break;
-        case NetSetting::DNSEnabled:
-            SetDNSEnabled();
-            break;
-        case NetSetting::DHCPEnabled:
-            SetDHCPEnabled();
-            break;
-        case NetSetting::DefaultPrinter:
-            SetDefaultPrinter();
-            break;
-        case NetSetting::DefaultGateway:
-            SetDefaultGateway();
-            break;
-        case NetSetting::DisablePWDCache:
-            SetDisablePWDCache();
-            break;
-        case NetSetting::QuickLogon:
-            SetQuickLogon();
-            break;
-        case NetSetting::AdvPrinterSettings:
-        case NetSetting::Count:
-            break;
+std::vector<std::string> clsNetConfigBase::ApplyConfiguration() {
+    Procedure proc(ClassName(), "ApplyConfiguration");
+    mastrReports.clear();
+    proc.Run([&] {
+        // Nothing of the area is applied when any of it cannot be.
+        const std::string refusal = Refusal();
+        if (!refusal.empty()) {
+            proc.Log("not applied: " + Replaced(refusal, '\n', ' '));
+            Report(refusal);
+            return;
+        }
+        for (const NetSettingRow& row : mParticulars.Rows) {
+            if (row.Setting == S::AdvPrinterSettings || row.Apply == NetApply::Never) continue;
+            if (!IsChanged(row.Setting)) continue;
+            if (row.Setting == S::DefaultPrinter && !mRecord.EnableDefaultPrinter) continue;
+            // An empty name would leave the machine without one: it is never written.
+            if (IsNameSetting(row.Setting) && row.Text && Trim(mRecord.*row.Text).empty()) {
+                WriteLog(std::string(ClassName()) + " - Set" + row.Operation +
+                             ": an empty name is not written",
+                         kLogWarning);
+                continue;
+            }
+            WriteRow(row);
+        }
+        // It checks its own flag.
+        Write(S::AdvPrinterSettings);
+        ResetFlags();
+    });
+    return std::move(mastrReports);
+}
+
+bool clsNetConfigBase::IsNameSetting(NetSetting aSetting) {
+    return aSetting == S::ComputerName || aSetting == S::Host || aSetting == S::Workgroup;
+}
+
+std::string clsNetConfigBase::Refusal() const {
+    if (!mstrUnmatchedAdapter.empty())
+        return MessageText(kMsgNoAdapterMatches, {mstrUnmatchedAdapter});
+    for (NetText field : kAddressLists) {
+        const NetSettingRow* row = RowOf(field);
+        if (!row || !IsChanged(row->Setting)) continue;
+        if (std::find(mCutFields.begin(), mCutFields.end(), field) != mCutFields.end())
+            return MessageText(kMsgValueCut, {KeyOf(field)});
+        std::string bad;
+        if (const int16_t message = AddressListMessage(field, mRecord.*field, &bad))
+            return JoinMessages(
+                {MessageText(kMsgNotAnAddress, {KeyOf(field), bad}), MessageText(message)});
+    }
+    return std::string();
+}
+
+// --- Printers ----------------------------------------------------------------------
+
+void clsNetConfigBase::ReadPrinterList() {
+    mRecord.printerList.clear();
+    for (const std::string& printer : reg::SubKeys(kPrintersKey)) {
+        const std::string name =
+            reg::ReadText(std::string(kPrintersKey) + "\\" + printer, "Name").value_or("");
+        if (!name.empty()) mRecord.printerList.push_back(name.substr(0, name.find('\0')));
     }
 }
 
-void clsNetConfigBase::ApplyConfiguration() {
-    Procedure proc(ClassName(), "ApplyConfiguration");
-    proc.Run([&] {
-        for (NetSetting setting : mParticulars.ApplyOrder) {
-            // The advanced printer settings come last, whatever the order says.
-            if (setting == NetSetting::AdvPrinterSettings || !IsChanged(setting)) continue;
-            if (setting == NetSetting::DefaultPrinter && !mblnEnableDefaultPrinter) continue;
-            RunSetOperation(setting);
-        }
-        // It checks its own flag.
-        SetAdvPrinterSettings();
-        ResetFlags();
-    });
+void clsNetConfigBase::ReadDefaultPrinter() {
+    // "Device" holds printer name, driver and port, separated by ",".
+    char buffer[1024] = {};
+    ::GetProfileStringA("windows", "Device", "", buffer, sizeof buffer);
+    const std::string device = buffer;
+    mRecord.DefaultPrinter = device.substr(0, device.find(','));
 }
 
-// --- Profile file ----------------------------------------------------------
+void clsNetConfigBase::WriteDefaultPrinter() {
+    const std::string& printer = mRecord.DefaultPrinter;
+    LogLine("SetDefaultPrinter = " + printer);
+    if (printer.empty()) return;
+    // The printer's entry: driver, port and the two time-outs.
+    char buffer[1024] = {};
+    ::GetProfileStringA("PrinterPorts", printer.c_str(), "", buffer, sizeof buffer);
+    const std::vector<std::string> parts = Split(buffer, ",");
+    const std::string driver = parts.empty() ? std::string() : Trim(parts[0]);
+    const std::string port = parts.size() > 1 ? Trim(parts[1]) : std::string();
+    if (driver.empty() || port.empty()) {
+        LogLine("SetDefaultPrinter: no driver and port for the printer");
+        return;
+    }
+    ::WriteProfileStringA("windows", "Device", (printer + "," + driver + "," + port).c_str());
+    SendMessageA(HWND_BROADCAST, WM_WININICHANGE, 0, reinterpret_cast<LPARAM>("windows"));
+}
+
+void clsNetConfigBase::ReadPrinterPort() {
+    const std::string port =
+        mRecord.DefaultPrinter.empty()
+            ? std::string()
+            : reg::ReadText(std::string(kPrintersKey) + "\\" + mRecord.DefaultPrinter, "Port")
+                  .value_or("");
+    mRecord.PrinterPort = port.substr(0, port.find('\0'));
+}
+
+void clsNetConfigBase::WritePrinterCapture() {
+    if (!IsChanged(S::AdvPrinterSettings)) return;
+    // The printer's port and the capture of a printer port are not set yet;
+    // the values stay in the record and in the profile.
+    LogLine("SetAdvPrinterSettings: port and capture left as they are");
+}
+
+void clsNetConfigBase::GetAdvPrinterSettings() {
+    Capture(S::AdvPrinterSettings);
+}
+
+// --- Profile file ----------------------------------------------------------------------
 
 std::string clsNetConfigBase::EvaluateProfileValue(const std::string& astrValue) const {
     return EvaluateCondition(astrValue);
 }
 
-std::string clsNetConfigBase::ReadValue(const std::string& astrFile, const char* astrSection,
-                                        const char* astrKey) const {
-    return EvaluateProfileValue(ReadProfileString(astrFile, astrSection, astrKey, ""));
-}
-
-const std::vector<clsNetConfigBase::ProfileKey>& clsNetConfigBase::ProfileKeys() {
-    using C = clsNetConfigBase;
-    const char* N = kNetworkSection;
-    const char* P = kPrinterSection;
-    static const std::vector<ProfileKey> keys = {
-        {N, "IPAddress", KeyKind::AddressList, KeyScope::All, &C::mstrIPAddress, nullptr},
-        {N, "IPMask", KeyKind::AddressList, KeyScope::All, &C::mstrIPMask, nullptr},
-        {N, "DefaultGateway", KeyKind::Text, KeyScope::All, &C::mstrDefaultGateway, nullptr},
-        {N, "NameServer", KeyKind::Text, KeyScope::All, &C::mstrDNSServers, nullptr},
-        {N, "HostName", KeyKind::Text, KeyScope::All, &C::mstrHost, nullptr},
-        {N, "Domain", KeyKind::Text, KeyScope::All, &C::mstrDomainName, nullptr},
-        {N, "SearchList", KeyKind::Text, KeyScope::All, &C::mstrSearchList, nullptr},
-        {N, "LMHostFile", KeyKind::Text, KeyScope::All, &C::mstrLMHostFile, nullptr},
-        {N, "NameServer1", KeyKind::Text, KeyScope::All, &C::mstrWINSServer1, nullptr},
-        {N, "NameServer2", KeyKind::Text, KeyScope::All, &C::mstrWINSServer2, nullptr},
-        {N, "ScopeID", KeyKind::Text, KeyScope::All, &C::mstrScopeID, nullptr},
-        {N, "EnableDNS", KeyKind::Flag, KeyScope::All, nullptr, &C::mblnDNSEnabled},
-        {N, "ComputerName", KeyKind::Text, KeyScope::All, &C::mstrComputerName, nullptr},
-        {N, "ComputerDescription", KeyKind::Text, KeyScope::All, &C::mstrComputerDescription,
-         nullptr},
-        {N, "Workgroup", KeyKind::Text, KeyScope::All, &C::mstrWorkgroup, nullptr},
-        {N, "NTLogon", KeyKind::Flag, KeyScope::All, nullptr, &C::mblnNTLogonEnabled},
-        {N, "NTDomain", KeyKind::Text, KeyScope::All, &C::mstrNTDomain, nullptr},
-        {N, "NTDomainUserName", KeyKind::Scrambled, KeyScope::DomainAccount,
-         &C::mstrNTDomainUserName, nullptr},
-        {N, "NTDomainPassword", KeyKind::Scrambled, KeyScope::DomainAccount,
-         &C::mstrNTDomainPassword, nullptr},
-        {N, "DHCP", KeyKind::Flag, KeyScope::All, nullptr, &C::mblnDHCPEnabled},
-        {N, "WINS", KeyKind::Flag, KeyScope::All, nullptr, &C::mblnWINSEnabled},
-        {N, "DisablePWDCache", KeyKind::Flag, KeyScope::LogonOptions, nullptr,
-         &C::mblnDisablePWDCache},
-        {N, "QuickLogon", KeyKind::Flag, KeyScope::LogonOptions, nullptr, &C::mblnQuickLogon},
-        {P, "DefaultPrinter", KeyKind::Text, KeyScope::All, &C::mstrDefaultPrinter, nullptr},
-        {P, "AdvancedSettingsEnabled", KeyKind::Flag, KeyScope::All, nullptr,
-         &C::mblnEnableAdvPrinterSettings},
-        {P, "PrinterPort", KeyKind::Text, KeyScope::All, &C::mstrPrinterPort, nullptr},
-        {P, "PrinterCaptureDevice", KeyKind::Text, KeyScope::All, &C::mstrPrinterCaptureDev,
-         nullptr},
-        {P, "PrinterCapturePath", KeyKind::Text, KeyScope::All, &C::mstrPrinterCapturePath,
-         nullptr},
-        {P, "ReConnectAtLogon", KeyKind::Flag, KeyScope::All, nullptr,
-         &C::mblnPrinterCaptureReconnect},
-        // A profile without the key sets the default printer.
-        {P, "EnableDefaultPrinter", KeyKind::FlagOrEmpty, KeyScope::All, nullptr,
-         &C::mblnEnableDefaultPrinter},
-    };
-    return keys;
-}
-
-bool clsNetConfigBase::InScope(KeyScope aScope) const {
-    switch (aScope) {
-        case KeyScope::DomainAccount:
-            return mParticulars.DomainAccount;
-        case KeyScope::LogonOptions:
-            return mParticulars.LogonOptions;
-        case KeyScope::All:
-            break;
-    }
-    return true;
-}
-
-void clsNetConfigBase::StoreValue(const ProfileKey& aKey, const std::string& astrValue) {
-    switch (aKey.Kind) {
-        case KeyKind::Text:
-            this->*aKey.Text = astrValue;
-            break;
-        case KeyKind::Flag:
-            this->*aKey.Flag = ProfileFlag(astrValue);
-            break;
-        case KeyKind::FlagOrEmpty:
-            this->*aKey.Flag = astrValue.empty() || astrValue == "1";
-            break;
-        case KeyKind::AddressList: {
-            std::string list = astrValue;
-            if (mParticulars.NulSeparatedAddresses)
-                std::replace(list.begin(), list.end(), ',', '\0');
-            this->*aKey.Text = list;
-            break;
-        }
-        case KeyKind::Scrambled:
-            this->*aKey.Text = UnscrambleText(astrValue);
-            break;
-    }
-}
-
 void clsNetConfigBase::ReadAdapter(const std::string& astrFile) {
     // Without adapters there is nothing to choose from.
-    if (mintCurrentAdapter == -1 || mastrAdapterList.empty()) return;
-    const std::string value = ReadValue(astrFile, kNetworkSection, "Adapter");
+    if (mRecord.CurrentAdapter == -1 || mRecord.AdapterList.empty()) return;
+    const std::string value =
+        EvaluateProfileValue(ReadProfileString(astrFile, kNetworkSection, "Adapter", ""));
     if (Trim(value) == kIgnoreValue) return;
     // Stored without re-reading the adapter: the profile's values follow.
-    mintCurrentAdapter = ChooseAdapter(value, mastrAdapterList);
+    mRecord.CurrentAdapter = ChooseAdapter(value, mRecord.AdapterList);
+    // A pattern that matches no adapter must not configure the first one.
+    if (value.size() >= 2 && value.front() == '{' && value.back() == '}') {
+        const std::string pattern = value.substr(1, value.size() - 2);
+        bool matched = false;
+        for (const std::string& name : mRecord.AdapterList)
+            matched = matched || MatchesPattern(name, pattern);
+        if (!matched) {
+            mstrUnmatchedAdapter = value;
+            LogLine("LoadConfigurationFile: no adapter matches " + value);
+        }
+    }
 }
 
 // Values go straight into the record, so nothing is flagged here; the keys
@@ -496,72 +613,70 @@ void clsNetConfigBase::LoadConfigurationFile(const std::string& astrFile) {
     Procedure proc(ClassName(), "LoadConfigurationFile");
     proc.LogValue(astrFile);
     proc.Run([&] {
+        mstrUnmatchedAdapter.clear();
+        mCutFields.clear();
         ReadAdapter(astrFile);
-        for (const ProfileKey& key : ProfileKeys()) {
-            if (!InScope(key.Scope)) continue;
-            const std::string value = ReadValue(astrFile, key.Section, key.Key);
+        for (const ProfileKey& key : kProfileKeys) {
+            if (key.Scope == KeyScope::DomainAccount && !mParticulars.DomainAccount) continue;
+            if (key.Scope == KeyScope::LogonOptions && !Row(S::DisablePWDCache)) continue;
+            const std::string raw = ReadProfileString(astrFile, key.Section, key.Key, "");
+            const std::string value = EvaluateProfileValue(raw);
             if (Trim(value) == kIgnoreValue) continue;
-            StoreValue(key, value);
+            if (key.Text && IsAddressList(key.Text) && IsCut(astrFile, key.Section, key.Key, raw))
+                mCutFields.push_back(key.Text);
+            switch (key.Kind) {
+                case KeyKind::Text:
+                    mRecord.*key.Text = value;
+                    break;
+                case KeyKind::Flag:
+                    mRecord.*key.Flag = ProfileFlag(value);
+                    break;
+                case KeyKind::FlagOrEmpty:
+                    mRecord.*key.Flag = value.empty() || value == "1";
+                    break;
+                case KeyKind::AddressList:
+                    mRecord.*key.Text = AddressListFromCommas(value);
+                    break;
+                case KeyKind::Scrambled:
+                    mRecord.*key.Text = UnscrambleText(value);
+                    break;
+            }
         }
     });
 }
 
-// What is written is what the property getters show. "LMHostFile" is read
-// from profiles but never written.
+// What is written is what the record holds, lists with "," between entries.
 void clsNetConfigBase::SaveConfigurationfile(const std::string& astrFile) {
     Procedure proc(ClassName(), "SaveConfigurationfile");
     proc.LogValue(astrFile);
     proc.Run([&] {
-        auto network = [&](const char* key, const std::string& value) {
-            WriteProfileString(astrFile, kNetworkSection, key, value);
-        };
-        auto printer = [&](const char* key, const std::string& value) {
-            WriteProfileString(astrFile, kPrinterSection, key, value);
-        };
-        auto addressList = [](const std::string& list) {
-            const std::string text = CommaList(list);
-            return text.empty() ? std::string(kEmptyAddressList) : text;
-        };
-
-        const int16_t adapter = CurrentAdapter();
-        const std::vector<std::string> adapters = AdapterList();
-        network("Adapter", adapter >= 0 && adapter < static_cast<int>(adapters.size())
-                               ? adapters[adapter]
-                               : std::string(kNoAdapters));
-        network("IPAddress", addressList(IPAddress()));
-        network("IPMask", addressList(IPMask()));
-        network("DefaultGateway", DefaultGateway());
-        network("NameServer", DNSServers());
-        network("HostName", Host());
-        network("Domain", DomainName());
-        if (mParticulars.DomainAccount) {
-            network("NTDomainUserName", ScrambleText(NTDomainUserName()));
-            network("NTDomainPassword", ScrambleText(NTDomainPassword()));
+        const int16_t adapter = mRecord.CurrentAdapter;
+        WriteProfileString(
+            astrFile, kNetworkSection, "Adapter",
+            IsAdapterIndex(adapter) ? mRecord.AdapterList[adapter] : std::string(kNoAdapters));
+        for (const ProfileKey& key : kProfileKeys) {
+            if (key.Scope == KeyScope::ReadOnly) continue;
+            if (key.Scope == KeyScope::DomainAccount && !mParticulars.DomainAccount) continue;
+            if (key.Scope == KeyScope::LogonOptions && !Row(S::DisablePWDCache)) continue;
+            std::string value;
+            switch (key.Kind) {
+                case KeyKind::Text:
+                    value = mRecord.*key.Text;
+                    break;
+                case KeyKind::Flag:
+                case KeyKind::FlagOrEmpty:
+                    value = ProfileFlagText(mRecord.*key.Flag);
+                    break;
+                case KeyKind::AddressList:
+                    value = Replaced(mRecord.*key.Text, '\0', ',');
+                    if (value.empty()) value = kEmptyAddressList;
+                    break;
+                case KeyKind::Scrambled:
+                    value = ScrambleText(mRecord.*key.Text);
+                    break;
+            }
+            WriteProfileString(astrFile, key.Section, key.Key, value);
         }
-        network("SearchList", SearchList());
-        network("NameServer1", WINSServer1());
-        network("NameServer2", WINSServer2());
-        network("ScopeID", ScopeID());
-        network("EnableDNS", ProfileFlagText(DNSEnabled()));
-        network("ComputerName", ComputerName());
-        network("ComputerDescription", ComputerDescription());
-        network("Workgroup", Workgroup());
-        network("NTLogon", ProfileFlagText(NTLogonEnabled()));
-        network("NTDomain", NTDomain());
-        network("DHCP", ProfileFlagText(DHCPEnabled()));
-        network("WINS", ProfileFlagText(WINSEnabled()));
-        if (mParticulars.LogonOptions) {
-            network("DisablePWDCache", ProfileFlagText(DisablePWDCache()));
-            network("QuickLogon", ProfileFlagText(QuickLogon()));
-        }
-
-        printer("DefaultPrinter", DefaultPrinter());
-        printer("AdvancedSettingsEnabled", ProfileFlagText(EnableAdvPrinterSettings()));
-        printer("PrinterPort", PrinterPort());
-        printer("PrinterCaptureDevice", PrinterCaptureDev());
-        printer("PrinterCapturePath", PrinterCapturePath());
-        printer("ReConnectAtLogon", ProfileFlagText(PrinterCaptureReconnect()));
-        printer("EnableDefaultPrinter", ProfileFlagText(EnableDefaultPrinter()));
     });
 }
 

@@ -1,12 +1,10 @@
-// What the three network back ends share: the network record with its changed
-// flags, the adapter lists, the [Network] and [Printer] sections of a profile,
-// the capture sequence of LoadConfiguration and the apply walk. A back end
-// derives from this class and adds its particulars (NetConfigParticulars), the
-// adapter enumeration and the Get and Set operations that talk to its system.
-//
-// A back end that overrides a write operation such as SetIPAddress() hides the
-// property setter SetIPAddress(x) in its own scope; call the setter through
-// INetConfig, or add `using clsNetConfigBase::SetIPAddress;`.
+// What the network back ends share. A back end declares its settings as rows
+// (NetSettingRow): where each lives in the registry, or the function that
+// reads and writes it when a networking service is involved. The base runs
+// the rows: the capture walk of LoadConfiguration, the refresh when another
+// adapter is chosen, the apply walk in the back end's order, the changed
+// flags, and the [Network] and [Printer] sections of a profile. It also holds
+// what every family does alike: list conversions and the printer operations.
 #pragma once
 
 #include <bitset>
@@ -15,40 +13,68 @@
 #include <vector>
 
 #include "network/INetConfig.h"
+#include "platform/clsEasyRegistry.h"
 
 namespace rwz {
 
-// The settings that carry a changed flag, named after their Set operations.
-// The four advanced printer values share AdvPrinterSettings.
-enum class NetSetting : int {
-    ComputerName,
-    ComputerDescription,
-    Workgroup,
-    NTLogon,
-    NTDomain,
-    Domain,
-    Host,
-    IPAddress,
-    IPMask,
-    LMHostFile,
-    DNSServers,
-    WINSEnabled,
-    WINSServer1,
-    WINSServer2,
-    ScopeID,
-    SearchList,
-    DNSEnabled,
-    DHCPEnabled,
-    DefaultPrinter,
-    DefaultGateway,
-    DisablePWDCache,
-    QuickLogon,
-    AdvPrinterSettings,
-    Count
+class clsNetConfigBase;
+// A back end's own read or write of one setting.
+using NetOperation = void (clsNetConfigBase::*)();
+template <class Backend>
+NetOperation Op(void (Backend::*aOperation)()) {
+    return static_cast<NetOperation>(aOperation);
+}
+
+// How a value is kept in the record and in the registry.
+enum class ValueKind {
+    Text,         // a string
+    Flag,         // a switch: 1 or 0, as a double word or as text
+    List,         // a "," list in the record; a multi-string or text in the registry
+    AddressList,  // IPAddress, IPMask: in the back end's separator; empty written as "0.0.0.0"
+    Number,       // a whole number kept as text in the record, a double word in the registry
 };
 
-// "SetComputerName" ... "SetAdvPrinterSettings": the operation that writes the setting.
-const char* SetOperationName(NetSetting aSetting);
+// Where a setting lives in the registry. With PerAdapter the current adapter's
+// key is appended to Key.
+struct RegistryPlace {
+    const char* Key = nullptr;
+    const char* Name = nullptr;
+    int Type = 0;
+    bool PerAdapter = false;
+};
+
+// What applying a flagged setting does.
+enum class NetApply {
+    Write,      // the row's Write, or else the value written to its place
+    LogValue,   // the value is only logged: the system takes it from other settings
+    EntryLine,  // nothing but the operation's log line: the system has no such switch
+    Never,      // the setting is read but this system never writes it
+};
+
+// One setting of a back end. Operation names it in the log ("IPAddress" gives
+// "GetIPAddress" and "SetIPAddress"). Read and Write, when given, replace the
+// registry read or write of the place.
+struct NetSettingRow {
+    const char* Operation;
+    NetSetting Setting;
+    NetText Text;
+    NetFlag Flag;
+    ValueKind Kind;
+    RegistryPlace Place;
+    NetOperation Read = nullptr;
+    NetOperation Write = nullptr;
+    NetApply Apply = NetApply::Write;
+};
+
+// Row helpers: a text or a switch in the registry, or handled by functions.
+NetSettingRow TextRow(const char* astrOperation, NetSetting aSetting, NetText aField,
+                      ValueKind aKind, RegistryPlace aPlace, NetOperation aRead = nullptr,
+                      NetOperation aWrite = nullptr);
+NetSettingRow FlagRow(const char* astrOperation, NetSetting aSetting, NetFlag aField,
+                      RegistryPlace aPlace, NetOperation aRead = nullptr,
+                      NetOperation aWrite = nullptr);
+// The row with another way of applying.
+NetSettingRow Applied(NetSettingRow aRow, NetApply aApply);
 
 // How one family of systems differs in the shared part.
 struct NetConfigParticulars {
@@ -56,14 +82,14 @@ struct NetConfigParticulars {
     const char* ClassName = "";
     // Profiles carry the domain account ("NTDomainUserName", "NTDomainPassword").
     bool DomainAccount = false;
-    // DisablePWDCache and QuickLogon are supported, read and written.
-    bool LogonOptions = false;
     // IPAddress and IPMask are kept NUL-separated in memory, as a multi-string.
     bool NulSeparatedAddresses = false;
-    // The settings ApplyConfiguration writes, in this order, each when flagged.
-    // DefaultPrinter also needs EnableDefaultPrinter; SetAdvPrinterSettings is
-    // always called after the list and need not be in it.
-    std::vector<NetSetting> ApplyOrder;
+    // The settings, in the order ApplyConfiguration writes them (each when
+    // flagged; DefaultPrinter also needs EnableDefaultPrinter). The
+    // AdvPrinterSettings row is written last whatever its place, even unflagged:
+    // it checks its own flag. DisablePWDCache and QuickLogon are supported
+    // exactly when they have a row.
+    std::vector<NetSettingRow> Rows;
 };
 
 class clsNetConfigBase : public INetConfig {
@@ -72,124 +98,37 @@ class clsNetConfigBase : public INetConfig {
     static constexpr const char* kIgnoreValue = "{IGNORE}";
     // The "Adapter" value written when the machine has no adapter.
     static constexpr const char* kNoAdapters = "No Adapters Installed";
-    // An empty address or mask list as written to a profile.
+    // An empty address or mask list as written.
     static constexpr const char* kEmptyAddressList = "0.0.0.0";
 
-    // The write operations share their names with the property setters below.
-    using INetConfig::SetComputerDescription;
-    using INetConfig::SetComputerName;
-    using INetConfig::SetDefaultGateway;
-    using INetConfig::SetDefaultPrinter;
-    using INetConfig::SetDHCPEnabled;
-    using INetConfig::SetDNSEnabled;
-    using INetConfig::SetDNSServers;
-    using INetConfig::SetHost;
-    using INetConfig::SetIPAddress;
-    using INetConfig::SetIPMask;
-    using INetConfig::SetLMHostFile;
-    using INetConfig::SetNTDomain;
-    using INetConfig::SetScopeID;
-    using INetConfig::SetSearchList;
-    using INetConfig::SetWINSEnabled;
-    using INetConfig::SetWINSServer1;
-    using INetConfig::SetWINSServer2;
-    using INetConfig::SetWorkgroup;
-
-    bool ResetRequired() const override { return mblnResetRequired; }
-    std::string DefaultGateway() const override { return mstrDefaultGateway; }
-    void SetDefaultGateway(const std::string& astrValue) override;
-    bool EnableDefaultPrinter() const override { return mblnEnableDefaultPrinter; }
-    void SetEnableDefaultPrinter(bool ablnValue) override { mblnEnableDefaultPrinter = ablnValue; }
-    std::string DefaultPrinter() const override { return mstrDefaultPrinter; }
-    void SetDefaultPrinter(const std::string& astrValue) override;
-    bool EnableAdvPrinterSettings() const override { return mblnEnableAdvPrinterSettings; }
-    void SetEnableAdvPrinterSettings(bool ablnValue) override {
-        mblnEnableAdvPrinterSettings = ablnValue;
-    }
-    std::string PrinterPort() const override { return mstrPrinterPort; }
-    void SetPrinterPort(const std::string& astrValue) override;
-    std::string PrinterCaptureDev() const override { return mstrPrinterCaptureDev; }
-    void SetPrinterCaptureDev(const std::string& astrValue) override;
-    std::string PrinterCapturePath() const override { return mstrPrinterCapturePath; }
-    void SetPrinterCapturePath(const std::string& astrValue) override;
-    bool PrinterCaptureReconnect() const override { return mblnPrinterCaptureReconnect; }
-    void SetPrinterCaptureReconnect(bool ablnValue) override;
-    std::vector<std::string> printerList() const override { return mastrPrinterList; }
-    bool NTLogonEnabled() const override { return mblnNTLogonEnabled; }
-    void SetNTLogonEnabled(bool ablnValue) override;
-    std::string NTDomain() const override { return mstrNTDomain; }
-    void SetNTDomain(const std::string& astrValue) override;
-    std::string NTDomainUserName() const override { return mstrNTDomainUserName; }
-    void SetNTDomainUserName(const std::string& astrValue) override {
-        mstrNTDomainUserName = astrValue;
-    }
-    std::string NTDomainPassword() const override { return mstrNTDomainPassword; }
-    void SetNTDomainPassword(const std::string& astrValue) override {
-        mstrNTDomainPassword = astrValue;
-    }
-    std::string DomainName() const override { return mstrDomainName; }
-    void SetDomainName(const std::string& astrValue) override;
-    std::string Host() const override { return mstrHost; }
-    void SetHost(const std::string& astrValue) override;
-    std::string LMHostFile() const override { return mstrLMHostFile; }
-    void SetLMHostFile(const std::string& astrValue) override;
-    std::string DNSServers() const override { return mstrDNSServers; }
-    void SetDNSServers(const std::string& astrValue) override;
-    std::string WINSServer1() const override { return mstrWINSServer1; }
-    void SetWINSServer1(const std::string& astrValue) override;
-    std::string WINSServer2() const override { return mstrWINSServer2; }
-    void SetWINSServer2(const std::string& astrValue) override;
-    std::string ScopeID() const override { return mstrScopeID; }
-    void SetScopeID(const std::string& astrValue) override;
-    std::string SearchList() const override { return mstrSearchList; }
-    void SetSearchList(const std::string& astrValue) override;
-    bool DNSEnabled() const override { return mblnDNSEnabled; }
-    void SetDNSEnabled(bool ablnValue) override;
-    bool DHCPEnabled() const override { return mblnDHCPEnabled; }
-    void SetDHCPEnabled(bool ablnValue) override;
-    std::string ComputerName() const override { return mstrComputerName; }
-    void SetComputerName(const std::string& astrValue) override;
-    std::string ComputerDescription() const override { return mstrComputerDescription; }
-    void SetComputerDescription(const std::string& astrValue) override;
-    std::string Workgroup() const override { return mstrWorkgroup; }
-    void SetWorkgroup(const std::string& astrValue) override;
-    bool WINSEnabled() const override { return mblnWINSEnabled; }
-    void SetWINSEnabled(bool ablnValue) override;
-    std::string IPAddress() const override { return mstrIPAddress; }
-    void SetIPAddress(const std::string& astrValue) override;
-    std::string IPMask() const override { return mstrIPMask; }
-    void SetIPMask(const std::string& astrValue) override;
-    std::vector<std::string> AdapterList() const override { return mastrAdapterList; }
-    int16_t CurrentAdapter() const override { return mintCurrentAdapter; }
+    const NetRecord& Record() const override { return mRecord; }
+    void Assign(NetText aField, const std::string& astrValue) override;
+    void Assign(NetFlag aField, bool ablnValue) override;
     void SetCurrentAdapter(int16_t aintIndex) override;
     void SetCurrentAdapterNoRefresh(int16_t aintIndex) override;
-    bool DisablePWDCache() const override { return mblnDisablePWDCache; }
-    void SetDisablePWDCache(bool ablnValue) override;
-    bool QuickLogon() const override { return mblnQuickLogon; }
-    void SetQuickLogon(bool ablnValue) override;
 
     void LoadConfiguration() override;
-    void ApplyConfiguration() override;
+    std::vector<std::string> ApplyConfiguration() override;
     void LoadConfigurationFile(const std::string& astrFile) override;
     void SaveConfigurationfile(const std::string& astrFile) override;
     void ResetFlags() override;
-    // Enumerates the adapters and opens on the one applied last ("LastNICApplied").
     void GetAdapterList() override;
-
-    // Only the 95/98/ME back end has these; elsewhere they do nothing.
-    void GetDisablePWDCache() override {}
-    void GetQuickLogon() override {}
-    void SetDisablePWDCache() override {}
-    void SetQuickLogon() override {}
+    void GetAdvPrinterSettings() override;
+    std::string AddressListFromCommas(const std::string& astrList) const override;
+    std::string CurrentAdapterType() const override { return ""; }
 
     // Whether an assignment has marked the setting for the next apply.
     bool IsChanged(NetSetting aSetting) const;
-    // The adapter keys, parallel to AdapterList.
-    const std::vector<std::string>& AdapterKeys() const { return mastrAdapterKeys; }
     // The key of the adapter at CurrentAdapter; "" when there is none.
     std::string CurrentAdapterKey() const;
     const char* ClassName() const { return mParticulars.ClassName; }
-    const NetConfigParticulars& Particulars() const { return mParticulars; }
+
+    // The entries of a list separated by NUL or ",", each trimmed, empty ones
+    // left out.
+    static std::vector<std::string> ListEntries(const std::string& astrList);
+    // A multi-string as Windows documents it: each entry ends in a NUL and the
+    // list ends in one more (an empty list is two NULs).
+    static std::vector<uint8_t> MultiStringBytes(const std::vector<std::string>& astrEntries);
 
   protected:
     explicit clsNetConfigBase(NetConfigParticulars aParticulars);
@@ -204,73 +143,61 @@ class clsNetConfigBase : public INetConfig {
                                    std::vector<std::string>& astrKeys) = 0;
     // Resolves a conditional profile value for the running system.
     virtual std::string EvaluateProfileValue(const std::string& astrValue) const;
+    // Called when the flags are cleared, for a back end's own per-apply state.
+    virtual void OnFlagsReset() {}
+    // Tells the user something after the apply (one message box each).
+    void Report(std::string astrText) { mastrReports.push_back(std::move(astrText)); }
+    // "clsNetConfig2K - <text>" at level Debug, for lines that are not a
+    // procedure's entry line.
+    void LogLine(const std::string& astrText) const;
 
-    // The network record.
-    bool mblnResetRequired = false;
-    std::string mstrDefaultGateway;
-    // True until a profile says otherwise: a profile without the key sets the
-    // default printer.
-    bool mblnEnableDefaultPrinter = true;
-    std::string mstrDefaultPrinter;
-    bool mblnEnableAdvPrinterSettings = false;
-    std::string mstrPrinterPort;
-    std::string mstrPrinterCaptureDev;
-    std::string mstrPrinterCapturePath;
-    bool mblnPrinterCaptureReconnect = false;
-    std::vector<std::string> mastrPrinterList;
-    bool mblnNTLogonEnabled = false;
-    std::string mstrNTDomain;
-    std::string mstrNTDomainUserName;
-    std::string mstrNTDomainPassword;
-    std::string mstrDomainName;
-    std::string mstrHost;
-    std::string mstrLMHostFile;
-    std::string mstrDNSServers;
-    std::string mstrWINSServer1;
-    std::string mstrWINSServer2;
-    std::string mstrScopeID;
-    std::string mstrSearchList;
-    bool mblnDNSEnabled = false;
-    bool mblnDHCPEnabled = false;
-    std::string mstrComputerName;
-    std::string mstrComputerDescription;
-    std::string mstrWorkgroup;
-    bool mblnWINSEnabled = false;
-    std::string mstrIPAddress;
-    std::string mstrIPMask;
-    std::vector<std::string> mastrAdapterList;
-    std::vector<std::string> mastrAdapterKeys;
-    int16_t mintCurrentAdapter = -1;
-    bool mblnDisablePWDCache = false;
-    bool mblnQuickLogon = false;
+    // The registry key of a place; "" when it belongs to an adapter and there is none.
+    std::string PlaceKey(const RegistryPlace& aPlace) const;
+    // A string value of a place; "" when it cannot be read.
+    std::string ReadPlaceText(const RegistryPlace& aPlace) const;
+    // Writes a value where its key exists; a missing key is passed over.
+    void WritePlace(const RegistryPlace& aPlace, const RegistryData& aData) const;
+
+    // Writes a row's value to its place (or only logs it without a place),
+    // for a back end's Write that does more.
+    void WriteToPlace(const NetSettingRow& aRow);
+    // Applies one setting as its row says, with the operation's log line.
+    void Write(NetSetting aSetting);
+    const NetSettingRow* Row(NetSetting aSetting) const;
+
+    // The printer operations all families share: the printers the spooler
+    // lists, the "windows" section's default printer, the printer's port.
+    void ReadPrinterList();
+    void ReadDefaultPrinter();
+    void WriteDefaultPrinter();
+    void ReadPrinterPort();
+    void WritePrinterCapture();
+
+    NetRecord mRecord;
 
   private:
-    enum class KeyKind { Text, Flag, FlagOrEmpty, AddressList, Scrambled };
-    enum class KeyScope { All, DomainAccount, LogonOptions };
-    struct ProfileKey {
-        const char* Section;
-        const char* Key;
-        KeyKind Kind;
-        KeyScope Scope;
-        std::string clsNetConfigBase::*Text;
-        bool clsNetConfigBase::*Flag;
-    };
-    // The keys LoadConfigurationFile reads after "Adapter", in reading order.
-    static const std::vector<ProfileKey>& ProfileKeys();
-    bool InScope(KeyScope aScope) const;
-    // A value of the profile, conditional values resolved.
-    std::string ReadValue(const std::string& astrFile, const char* astrSection,
-                          const char* astrKey) const;
-    void ReadAdapter(const std::string& astrFile);
-    void StoreValue(const ProfileKey& aKey, const std::string& astrValue);
-    void RunSetOperation(NetSetting aSetting);
+    const NetSettingRow* RowOf(NetText aField) const;
+    const NetSettingRow* RowOf(NetFlag aField) const;
+    void ReadRow(const NetSettingRow& aRow);
+    void WriteRow(const NetSettingRow& aRow);
+    void Capture(NetSetting aSetting);
     bool IsAdapterIndex(int aintIndex) const;
-
-    void AssignText(std::string& astrMember, const std::string& astrValue, NetSetting aSetting);
-    void AssignFlag(bool& ablnMember, bool ablnValue, NetSetting aSetting);
+    void ReadAdapter(const std::string& astrFile);
+    // Why nothing of the area may be applied: a profile's adapter pattern that
+    // matched no adapter, a list cut short by the profile read, an entry that
+    // is not an address; "" when all is well.
+    std::string Refusal() const;
+    // The computer name, host name and workgroup: never written empty.
+    static bool IsNameSetting(NetSetting aSetting);
 
     NetConfigParticulars mParticulars;
+    std::vector<std::string> mastrAdapterKeys;
     std::bitset<static_cast<size_t>(NetSetting::Count)> mChanged;
+    std::vector<std::string> mastrReports;
+    // The profile's "Adapter" pattern when it matched no adapter.
+    std::string mstrUnmatchedAdapter;
+    // The lists the profile read cut short.
+    std::vector<NetText> mCutFields;
 };
 
 }  // namespace rwz

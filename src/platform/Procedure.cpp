@@ -22,7 +22,6 @@ void Procedure::LogValue(const std::string& value) const {
 
 ErrorInfo Procedure::Fail(const std::exception& error) const {
     ErrorInfo info = ErrorOf(error);
-    Err::Record(info);  // for the code that still reads the last error
     LogError(info, Where());
     return info;
 }

@@ -15,48 +15,6 @@ ErrorInfo ErrorOf(const std::exception& error) {
     return ErrorInfo{kErrInternal, "Rwz", error.what()};
 }
 
-namespace {
-ErrorInfo gPending;
-}
-
-namespace Err {
-
-const ErrorInfo& Pending() {
-    return gPending;
-}
-int32_t Number() {
-    return gPending.Number;
-}
-const std::string& Source() {
-    return gPending.Source;
-}
-const std::string& Description() {
-    return gPending.Description;
-}
-
-void Record(int32_t number, std::string source, std::string description) {
-    gPending = ErrorInfo{number, std::move(source), std::move(description)};
-}
-
-void Record(const ErrorInfo& info) {
-    gPending = info;
-}
-
-void Raise(int32_t number, std::string source, std::string description) {
-    Record(number, source, description);
-    throw RwzError(gPending);
-}
-
-void RecordException(const std::exception& error) {
-    gPending = ErrorOf(error);
-}
-
-void Clear() {
-    gPending = ErrorInfo{};
-}
-
-}  // namespace Err
-
 std::string RuntimeErrorText(int32_t number) {
     switch (number) {
         case kErrInvalidProcedureCall:

@@ -58,25 +58,6 @@ class RwzError : public std::exception {
 // the runtime error that best describes it.
 ErrorInfo ErrorOf(const std::exception& error);
 
-// The last error a procedure's exit block logged. Kept only for the code that
-// still reads it instead of catching; nothing new uses it.
-namespace Err {
-
-const ErrorInfo& Pending();
-int32_t Number();
-const std::string& Source();
-const std::string& Description();
-
-// Records an error without raising it.
-void Record(int32_t number, std::string source, std::string description);
-void Record(const ErrorInfo& info);
-// Records an error and raises it.
-[[noreturn]] void Raise(int32_t number, std::string source, std::string description);
-void RecordException(const std::exception& error);
-void Clear();
-
-}  // namespace Err
-
 // Description of a runtime error number ("Permission denied" for 70).
 std::string RuntimeErrorText(int32_t number);
 

@@ -102,8 +102,5 @@ void LogError(const ErrorInfo& error, const std::string& where) {
     WriteLog(Trim(text), kLogError);
 }
 
-void LogError(const std::string& where) {
-    LogError(Err::Pending(), where);
-}
 
 }  // namespace rwz

@@ -28,8 +28,6 @@ void WriteLog(const std::string& message, int level);
 
 // Appends an error as an ERROR line: description (number) : where.
 void LogError(const ErrorInfo& error, const std::string& where);
-// The same for the last error an exit block logged (for code that still reads it).
-void LogError(const std::string& where);
 
 // The texts of one log line and of the header's date, for the given clock.
 std::string LevelWord(int level);

@@ -9,8 +9,7 @@
 namespace rwz {
 
 std::unique_ptr<INetConfig> CreateNetConfig(const std::string& astrOSTag) {
-    if (astrOSTag == kOS2K || astrOSTag == kOSXP || astrOSTag == kOS2003)
-        return std::make_unique<clsNetConfig2K>();
+    if (IsNT5Family(OSFamilyOf(astrOSTag))) return std::make_unique<clsNetConfig2K>();
     return nullptr;
 }
 

@@ -96,8 +96,12 @@ std::vector<ProfileSectionOwner> clsRwzConfig::SectionOwners(
 int clsRwzConfig::LoadConfigurationFile(const std::string& astrFile,
                                         const AddInCollection& acolAddIns) {
     Procedure proc(kObject, "LoadConfigurationFile");
+    const std::string previous = mstrConfFile;
     mstrConfFile = astrFile;
-    return LoadProfileFile(proc.Where(), astrFile, mSettings, SectionOwners(acolAddIns));
+    const int result =
+        LoadProfileFile(proc.Where(), astrFile, mSettings, SectionOwners(acolAddIns));
+    if (result != 0) mstrConfFile = previous;  // not a profile: nothing of it was taken
+    return result;
 }
 
 std::optional<ErrorInfo> clsRwzConfig::SaveConfigurationFile(const std::string& astrFile,
@@ -118,11 +122,14 @@ void clsRwzConfig::SaveAdvancedSettings() {
 }
 
 bool clsRwzConfig::ApplyConfiguration(const AddInCollection& acolAddIns,
-                                      const CloseBrowserQuestion& askCloseBrowser) {
+                                      const CloseBrowserQuestion& askCloseBrowser,
+                                      const ApplyFailureNotice& tellFailure) {
     Procedure proc(kObject, "ApplyConfiguration");
     return proc.Run([&] {
         bool restart = false;
-        if (ApplyGeneral() && mobjNet) mobjNet->ApplyConfiguration();
+        if (ApplyGeneral() && mobjNet)
+            for (const std::string& failure : mobjNet->ApplyConfiguration())
+                if (tellFailure) tellFailure(failure);
 
         const BrowserArea browsers[] = {
             {mobjIE.get(), ApplyIE(), "IEFrame", "Internet Explorer"},

@@ -26,6 +26,9 @@ class UnsupportedSystemError : public RwzError {
 // Asked before applying to a browser whose window is open ("Internet Explorer",
 // "Netscape" or "Opera"): true closes the browser first.
 using CloseBrowserQuestion = std::function<bool(const std::string& astrBrowser)>;
+// Told what failed while applying, one message box's text at a time (the
+// network area's refusals and join failures), before the browsers are applied.
+using ApplyFailureNotice = std::function<void(const std::string& astrText)>;
 
 class clsRwzConfig {
   public:
@@ -72,7 +75,8 @@ class clsRwzConfig {
                                                    const AddInCollection& acolAddIns);
     // Applies the enabled, modified areas. True when an add-in needs a restart.
     bool ApplyConfiguration(const AddInCollection& acolAddIns,
-                            const CloseBrowserQuestion& askCloseBrowser);
+                            const CloseBrowserQuestion& askCloseBrowser,
+                            const ApplyFailureNotice& tellFailure = {});
 
     // The installed-browser bounds are exclusive: exactly 3.0, 4.0 or 7.0 is
     // not installed.

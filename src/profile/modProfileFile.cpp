@@ -6,6 +6,8 @@
 #include "platform/Procedure.h"
 #include "platform/Win32Handles.h"
 #include "platform/modLogging.h"
+#include "platform/modSafeFile.h"
+#include "platform/modText.h"
 #include "profile/modProfileIO.h"
 
 namespace rwz {
@@ -149,6 +151,57 @@ std::string ProfileHeaderText() {
     return HeaderLines() + kLineEnd;
 }
 
+namespace {
+
+// A profile that cannot be written, whatever the file system's reason (read
+// only, in use, no such folder), is reported to the user as "Path/File access
+// error" (75); errors of the section owners pass as they are.
+template <class Body>
+void ReportFileErrorsAs75(Body&& body) {
+    try {
+        body();
+    } catch (const RwzError& error) {
+        switch (error.Number()) {
+            case kErrFileNotFound:
+            case kErrPathNotFound:
+            case kErrPermissionDenied:
+            case kErrBadFileName:
+            case kErrDiskFull:
+                RaiseRuntimeError(kErrPathFileAccess, "Rwz");
+            default:
+                throw;
+        }
+    }
+}
+
+}  // namespace
+
+std::vector<std::string> ProfileSectionsOf(const std::string& astrFile) {
+    FlushProfileCache(astrFile);
+    return IniSectionNames(ReadWholeFile(astrFile, kMaxProfileBytes));
+}
+
+bool HasSection(const std::vector<std::string>& acolSections, const std::string& astrName) {
+    for (const std::string& section : acolSections) {
+        if (ToLower(section) == ToLower(astrName)) return true;
+    }
+    return false;
+}
+
+std::string NotAProfileReason(const std::string& astrFile) {
+    std::vector<std::string> sections;
+    try {
+        sections = ProfileSectionsOf(astrFile);
+    } catch (const std::exception& error) {
+        return astrFile + " cannot be read (" + error.what() + ")";
+    }
+    for (const char* name : {kSectionEnabled, kSectionAdvanced, "Network", "Printer",
+                             "Internet Explorer", "Netscape Navigator", "Opera"}) {
+        if (HasSection(sections, name)) return std::string();
+    }
+    return astrFile + " holds none of a profile's sections";
+}
+
 void WriteProfileHeader(const std::string& astrFile) {
     Procedure proc("modProfileFile", "WriteProfileHeader");
     FlushProfileCache(astrFile);
@@ -180,8 +233,13 @@ void ReadEnabledSections(const std::string& astrFile, ProfileFileSettings& aSett
 void WriteAdvancedSettings(const std::string& astrFile, const ProfileFileSettings& aSettings) {
     Procedure proc("modProfileFile", "WriteAdvancedSettings");
     RefuseReadOnly(astrFile);
-    WriteAdvancedSection(astrFile, aSettings);
-    KeepHeaderLayout(astrFile);
+    FlushProfileCache(astrFile);
+    ReportFileErrorsAs75([&] {
+        EditFileSafely(astrFile, [&](const std::string& copy) {
+            WriteAdvancedSection(copy, aSettings);
+            KeepHeaderLayout(copy);
+        });
+    });
 }
 
 void ReadAdvancedSettings(const std::string& astrFile, ProfileFileSettings& aSettings) {
@@ -197,15 +255,22 @@ void WriteProfileFile(const std::string& astrFile, const ProfileFileSettings& aS
                       const std::vector<ProfileSectionOwner>& aOwners) {
     Procedure proc("modProfileFile", "WriteProfileFile");
     proc.LogValue(astrFile);
-    WriteProfileHeader(astrFile);
-    // Each key written appends its section at the end of the file the first
-    // time, so the sections stand in the order they are written here.
-    WriteEnabledSections(astrFile, aSettings);
-    WriteAdvancedSection(astrFile, aSettings);
-    for (const ProfileSectionOwner* owner : ActiveOwners(aSettings, aOwners)) {
-        if (owner->SaveSections) owner->SaveSections(astrFile);
-    }
-    KeepHeaderLayout(astrFile);
+    FlushProfileCache(astrFile);
+    // Written whole into a copy that then takes the file's place: a failure
+    // on the way leaves the old profile as it was.
+    ReportFileErrorsAs75([&] {
+        EditFileSafely(astrFile, [&](const std::string& copy) {
+            WriteProfileHeader(copy);
+            // Each key written appends its section at the end of the file the
+            // first time, so the sections stand in the order they are written here.
+            WriteEnabledSections(copy, aSettings);
+            WriteAdvancedSection(copy, aSettings);
+            for (const ProfileSectionOwner* owner : ActiveOwners(aSettings, aOwners)) {
+                if (owner->SaveSections) owner->SaveSections(copy);
+            }
+            KeepHeaderLayout(copy);
+        });
+    });
 }
 
 void ReadProfileFile(const std::string& astrFile, ProfileFileSettings& aSettings,
@@ -213,6 +278,14 @@ void ReadProfileFile(const std::string& astrFile, ProfileFileSettings& aSettings
     Procedure proc("modProfileFile", "ReadProfileFile");
     proc.LogValue(astrFile);
     ReadEnabledSections(astrFile, aSettings);
+    // An area whose own sections the file lacks is never applied, whatever
+    // [Enabled Sections] says: its back end would read nothing but defaults.
+    const std::vector<std::string> sections = ProfileSectionsOf(astrFile);
+    aSettings.ApplyGeneral = aSettings.ApplyGeneral &&
+                             (HasSection(sections, "Network") || HasSection(sections, "Printer"));
+    aSettings.ApplyIE = aSettings.ApplyIE && HasSection(sections, "Internet Explorer");
+    aSettings.ApplyNN = aSettings.ApplyNN && HasSection(sections, "Netscape Navigator");
+    aSettings.ApplyOpera = aSettings.ApplyOpera && HasSection(sections, "Opera");
     ReadAdvancedSettings(astrFile, aSettings);
     for (const ProfileSectionOwner* owner : ActiveOwners(aSettings, aOwners)) {
         if (owner->LoadSections) owner->LoadSections(astrFile);
@@ -239,6 +312,12 @@ int LoadProfileFile(const std::string& astrWhere, const std::string& astrFile,
                     const std::vector<ProfileSectionOwner>& aOwners) {
     Procedure proc("modProfileFile", "LoadProfileFile");
     try {
+        const std::string problem = NotAProfileReason(astrFile);
+        if (!problem.empty()) {
+            WriteLog("modProfileFile - LoadProfileFile: not a profile, nothing read: " + problem,
+                     kLogWarning);
+            return 1;
+        }
         ReadProfileFile(astrFile, aSettings, aOwners);
     } catch (const std::exception& error) {
         LogError(ErrorOf(error), astrWhere);

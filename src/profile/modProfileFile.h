@@ -62,6 +62,16 @@ std::vector<const ProfileSectionOwner*> ActiveOwners(
 // The six comment lines and the empty line that open every profile, CR LF ended.
 std::string ProfileHeaderText();
 
+// A profile is a few kilobytes; a file far larger is not one.
+inline constexpr size_t kMaxProfileBytes = 64u << 20;
+
+// The section names the file holds. Raises when it cannot be read.
+std::vector<std::string> ProfileSectionsOf(const std::string& astrFile);
+bool HasSection(const std::vector<std::string>& acolSections, const std::string& astrName);
+// Why the file is not a profile (it cannot be read, or holds none of the
+// sections a profile has); "" for a profile.
+std::string NotAProfileReason(const std::string& astrFile);
+
 // Creates or empties the file and writes the comment header. Raises runtime
 // error 75 when the file cannot be written.
 void WriteProfileHeader(const std::string& astrFile);
@@ -82,7 +92,7 @@ void ReadAdvancedSettings(const std::string& astrFile, ProfileFileSettings& aSet
 void WriteProfileFile(const std::string& astrFile, const ProfileFileSettings& aSettings,
                       const std::vector<ProfileSectionOwner>& aOwners);
 // Reads both container sections into aSettings, then lets every active owner
-// read. A missing file reads as all areas enabled and no advanced options.
+// read. An area whose sections the file lacks is not enabled.
 void ReadProfileFile(const std::string& astrFile, ProfileFileSettings& aSettings,
                      const std::vector<ProfileSectionOwner>& aOwners);
 
@@ -93,8 +103,8 @@ void ReadProfileFile(const std::string& astrFile, ProfileFileSettings& aSettings
 std::optional<ErrorInfo> SaveProfileFile(const std::string& astrWhere, const std::string& astrFile,
                                          const ProfileFileSettings& aSettings,
                                          const std::vector<ProfileSectionOwner>& aOwners);
-// ReadProfileFile with every error logged under `astrWhere` and stopped there;
-// the result is 0 whatever happened.
+// ReadProfileFile with every error logged under `astrWhere` and stopped there:
+// 0 when read, 1 (nothing read) when the file is not a profile.
 int LoadProfileFile(const std::string& astrWhere, const std::string& astrFile,
                     ProfileFileSettings& aSettings,
                     const std::vector<ProfileSectionOwner>& aOwners);

@@ -11,6 +11,7 @@
 #include "platform/WaitCursor.h"
 #include "platform/Win32Handles.h"
 #include "platform/modLogging.h"
+#include "platform/modSafeFile.h"
 #include "platform/modUtilities.h"
 #include "profile/clsRwzConfig.h"
 #include "report/modReportLayout.h"
@@ -138,35 +139,35 @@ std::string clsSettings::GetNetSettings(const INetConfig* aobjNet) {
     Procedure proc(kObject, "GetNetSettings");
     return proc.Run([&] {
         if (!aobjNet) return std::string();
-        const INetConfig& net = *aobjNet;
+        const NetRecord& net = aobjNet->Record();
         Lines lines;
         lines.Banner(kNetworkTitle);
 
-        const std::vector<std::string> adapters = net.AdapterList();
-        const int adapter = net.CurrentAdapter();
+        const std::vector<std::string>& adapters = net.AdapterList;
+        const int adapter = net.CurrentAdapter;
         lines.Add("NIC", adapter >= 0 && adapter < static_cast<int>(adapters.size())
                              ? adapters[static_cast<size_t>(adapter)]
                              : std::string(kNoAdapters));
-        lines.Add("Host", net.Host());
-        lines.Add("Domain", net.DomainName());
-        lines.Add("IP Address", ReportList(net.IPAddress()));
-        lines.Add("IP Mask", ReportList(net.IPMask()));
-        lines.Add("Default Gateway", ReportList(net.DefaultGateway()));
-        lines.Add("DNS Servers", ReportList(net.DNSServers()));
-        lines.Add("DNS Order", ReportList(net.SearchList()));
-        lines.Add("WINS Server 1", net.WINSServer1());
-        lines.Add("WINS Server 2", net.WINSServer2());
-        lines.Add("WINS Scope ID", net.ScopeID());
-        lines.Add("Logon to NT Domain", net.NTLogonEnabled());
-        lines.Add("NT Domain", net.NTDomain());
-        lines.Add("DNS Enabled", net.DNSEnabled());
-        lines.Add("WINS Enabled", net.WINSEnabled());
-        lines.Add("DHCP Enabled", net.DHCPEnabled());
-        lines.Add("Computer Name", net.ComputerName());
-        lines.Add("Computer Description", MultiLineValue(net.ComputerDescription()));
-        lines.Add("Workgroup", net.Workgroup());
+        lines.Add("Host", net.Host);
+        lines.Add("Domain", net.DomainName);
+        lines.Add("IP Address", ReportList(net.IPAddress));
+        lines.Add("IP Mask", ReportList(net.IPMask));
+        lines.Add("Default Gateway", ReportList(net.DefaultGateway));
+        lines.Add("DNS Servers", ReportList(net.DNSServers));
+        lines.Add("DNS Order", ReportList(net.SearchList));
+        lines.Add("WINS Server 1", net.WINSServer1);
+        lines.Add("WINS Server 2", net.WINSServer2);
+        lines.Add("WINS Scope ID", net.ScopeID);
+        lines.Add("Logon to NT Domain", net.NTLogonEnabled);
+        lines.Add("NT Domain", net.NTDomain);
+        lines.Add("DNS Enabled", net.DNSEnabled);
+        lines.Add("WINS Enabled", net.WINSEnabled);
+        lines.Add("DHCP Enabled", net.DHCPEnabled);
+        lines.Add("Computer Name", net.ComputerName);
+        lines.Add("Computer Description", MultiLineValue(net.ComputerDescription));
+        lines.Add("Workgroup", net.Workgroup);
         lines.Add("Default Printer",
-                  net.printerList().empty() ? std::string(kNoPrinters) : net.DefaultPrinter());
+                  net.printerList.empty() ? std::string(kNoPrinters) : net.DefaultPrinter);
         return lines.Text();
     });
 }
@@ -282,21 +283,8 @@ bool clsSettings::ExportAllSettings(const clsRwzConfig& aobjConfig, const std::s
         proc.LogValue(file);
         WaitCursor hourglass;
         const std::string report = GetAllSettings(aobjConfig);
-        KernelHandle out(CreateFileA(file.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS,
-                                     FILE_ATTRIBUTE_NORMAL, nullptr));
-        if (!out) {
-            const DWORD error = GetLastError();
-            RaiseRuntimeError(error == ERROR_PATH_NOT_FOUND  ? kErrPathNotFound
-                              : error == ERROR_ACCESS_DENIED ? kErrPermissionDenied
-                                                             : kErrPathFileAccess,
-                              kObject);
-        }
-        DWORD written = 0;
-        if (!WriteFile(out.Get(), report.data(), static_cast<DWORD>(report.size()), &written,
-                       nullptr) ||
-            written != report.size())
-            RaiseRuntimeError(kErrDiskFull, kObject);
-        if (!out.Close()) RaiseRuntimeError(kErrDiskFull, kObject);
+        // Written whole or not at all: an earlier report stays until the new one is complete.
+        WriteFileSafely(file, report);
         return true;
     });
 }

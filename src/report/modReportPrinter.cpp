@@ -122,7 +122,7 @@ int PrintReportOnDC(HDC ahDC, const std::string& astrReport) {
     HFONT font = CreateFontA(-MulDiv(kReportFontPoints, dpiY, 72), 0, 0, 0, FW_NORMAL, FALSE, FALSE,
                              FALSE, ANSI_CHARSET, OUT_TT_PRECIS, CLIP_DEFAULT_PRECIS,
                              DEFAULT_QUALITY, FIXED_PITCH | FF_MODERN, kReportFontFace);
-    if (!font) Err::Raise(kObjectError + 1, kSource, "The printer font could not be made.");
+    if (!font) throw RwzError(kObjectError + 1, kSource, "The printer font could not be made.");
     SelectedFont selected(ahDC, font);
 
     TEXTMETRICA metrics{};
@@ -144,7 +144,7 @@ int PrintReportOnDC(HDC ahDC, const std::string& astrReport) {
     document.cbSize = sizeof document;
     document.lpszDocName = kReportDocumentName;
     if (StartDocA(ahDC, &document) <= 0)
-        Err::Raise(kObjectError + 2, kSource,
+        throw RwzError(kObjectError + 2, kSource,
                    "The printer did not accept the document (error " +
                        std::to_string(GetLastError()) + ").");
     SetBkMode(ahDC, TRANSPARENT);
@@ -159,13 +159,13 @@ int PrintReportOnDC(HDC ahDC, const std::string& astrReport) {
         }
         if (!printed || EndPage(ahDC) <= 0) {
             AbortDoc(ahDC);
-            Err::Raise(kObjectError + 3, kSource,
+            throw RwzError(kObjectError + 3, kSource,
                        "The printer did not accept a page (error " +
                            std::to_string(GetLastError()) + ").");
         }
     }
     if (EndDoc(ahDC) <= 0)
-        Err::Raise(kObjectError + 4, kSource, "The printer did not finish the document.");
+        throw RwzError(kObjectError + 4, kSource, "The printer did not finish the document.");
     return static_cast<int>(pages.size());
 }
 

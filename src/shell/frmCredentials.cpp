@@ -78,11 +78,11 @@ void ModifyCredentials(INetConfig& aobjNet, HWND owner) {
     proc.Run([&] {
         frmCredentials form;
         form.SetShowPrompt(true);
-        if (IsPromptPlaceholder(aobjNet.NTDomainUserName())) {
+        if (IsPromptPlaceholder(aobjNet.Record().NTDomainUserName)) {
             form.SetPromptForCredentials(true);
         } else {
-            form.SetUserName(aobjNet.NTDomainUserName());
-            form.SetPassword(aobjNet.NTDomainPassword());
+            form.SetUserName(aobjNet.Record().NTDomainUserName);
+            form.SetPassword(aobjNet.Record().NTDomainPassword);
             form.SetPromptForCredentials(false);
         }
         if (form.Show(owner) < 0)
@@ -90,11 +90,11 @@ void ModifyCredentials(INetConfig& aobjNet, HWND owner) {
                            "The credentials dialog cannot be shown.");
         if (form.Cancelled()) return;
         if (form.PromptForCredentials()) {
-            aobjNet.SetNTDomainUserName(kPromptPlaceholder);
-            aobjNet.SetNTDomainPassword(kPromptPlaceholder);
+            aobjNet.Assign(&NetRecord::NTDomainUserName, kPromptPlaceholder);
+            aobjNet.Assign(&NetRecord::NTDomainPassword, kPromptPlaceholder);
         } else {
-            aobjNet.SetNTDomainUserName(form.UserName());
-            aobjNet.SetNTDomainPassword(form.Password());
+            aobjNet.Assign(&NetRecord::NTDomainUserName, form.UserName());
+            aobjNet.Assign(&NetRecord::NTDomainPassword, form.Password());
         }
     });
 }
@@ -110,8 +110,8 @@ bool PromptForCredentials(INetConfig& aobjNet, HWND owner) {
                            "The credentials dialog cannot be shown.");
         if (form.Cancelled()) return;
         blnCancelled = false;
-        aobjNet.SetNTDomainUserName(form.UserName());
-        aobjNet.SetNTDomainPassword(form.Password());
+        aobjNet.Assign(&NetRecord::NTDomainUserName, form.UserName());
+        aobjNet.Assign(&NetRecord::NTDomainPassword, form.Password());
     });
     return blnCancelled;
 }

@@ -4,8 +4,7 @@
 #include <utility>
 
 #include "localization/modLocalization.h"
-#include "network/clsNetConfig2K.h"
-#include "network/clsNetConfigBase.h"
+#include "network/modAddressCheck.h"
 #include "platform/Procedure.h"
 #include "platform/modAPI.h"
 #include "platform/modUtilities.h"
@@ -22,74 +21,30 @@ const char kNoPrinters[] = "No printers installed";
 // The index box offers this many entries at most.
 const int kMaxAddresses = 16;
 
-enum : int16_t {
-    kMsgInvalidIP = 20,
-    kMsgInvalidMask = 21,
-    kMsgInvalidGateway = 22,
-    kMsgInvalidDNS = 23,
-};
-
 std::string Replaced(std::string astrText, char from, char to) {
     std::replace(astrText.begin(), astrText.end(), from, to);
     return astrText;
 }
 
-bool IsValidIPList(const std::string& astrText) {
-    for (const std::string& part : Split(astrText, ","))
-        if (!IsValidIP(part)) return false;
-    return true;
-}
-
 }  // namespace
-
-std::vector<std::string> SplitIP(const std::string& astrText, const std::string& astrSeparator,
-                                 int aintMinCount) {
-    Procedure proc(kObject, "SplitIP");
-    return proc.Run([&] {
-        const std::string separator = astrSeparator.empty() ? "," : astrSeparator;
-        const std::string lowerSeparator = ToLower(separator);
-        std::vector<std::string> entries;
-        const std::string text = Trim(astrText) + separator;
-        const std::string lowerText = ToLower(text);
-        size_t start = 0;
-        for (size_t found; (found = lowerText.find(lowerSeparator, start)) != std::string::npos;
-             start = found + separator.size())
-            entries.push_back(Trim(text.substr(start, found - start)));
-        while (aintMinCount > 0 && static_cast<int>(entries.size()) < aintMinCount)
-            entries.emplace_back();
-        return entries;
-    });
-}
-
-std::string MergeIP(const std::vector<std::string>& astrEntries, const std::string& astrSeparator) {
-    Procedure proc(kObject, "MergeIP");
-    return proc.Run([&] {
-        const std::string separator = astrSeparator.empty() ? "," : astrSeparator;
-        size_t count = astrEntries.size();
-        while (count > 0 && astrEntries[count - 1].empty()) --count;
-        std::string merged;
-        for (size_t i = 0; i < count; ++i) merged += (i ? separator : "") + astrEntries[i];
-        return merged;
-    });
-}
 
 int16_t AddressFieldMessage(int aintControlId, const std::string& astrText) {
     switch (aintControlId) {
         case IDC_GEN_IPADDRESS:
-            return IsValidIP(astrText) ? 0 : kMsgInvalidIP;
+            return AddressListMessage(&NetRecord::IPAddress, astrText);
         case IDC_GEN_IPMASK:
-            return IsValidIP(astrText) ? 0 : kMsgInvalidMask;
+            return AddressListMessage(&NetRecord::IPMask, astrText);
         case IDC_GEN_GATEWAY:
-            return IsValidIPList(astrText) ? 0 : kMsgInvalidGateway;
+            return AddressListMessage(&NetRecord::DefaultGateway, astrText);
         case IDC_GEN_DNSSERVERS:
-            return IsValidIPList(astrText) ? 0 : kMsgInvalidDNS;
+            return AddressListMessage(&NetRecord::DNSServers, astrText);
         default:
             return 0;
     }
 }
 
 frmGeneralTab::frmGeneralTab(const char* aszTemplate, std::string astrCaption)
-    : clsTabPage(aszTemplate, std::move(astrCaption)), mstrOS(GetCurrentOSTag()) {}
+    : clsTabPage(aszTemplate, std::move(astrCaption)), mOS(OSFamilyOf(GetCurrentOSTag())) {}
 
 void frmGeneralTab::Refill(clsRwzConfig& aobjConfig, bool ablnAssign) {
     RefillFrom(aobjConfig.GetNetConfig(), ablnAssign);
@@ -123,58 +78,53 @@ std::vector<int> frmGeneralTab::RefillFrom(INetConfig* aobjNet, bool ablnAssign)
 }
 
 void frmGeneralTab::ShowProfileAdapter() {
-    const int16_t index = mobjNet->CurrentAdapter();
+    const int16_t index = mobjNet->Record().CurrentAdapter;
     const LRESULT shown = SendMessageA(GetDlgItem(mhWnd, IDC_GEN_ADAPTER), CB_GETCURSEL, 0, 0);
     if (index < 0 || shown == CB_ERR || index == shown) return;
     // The fields show another adapter than the profile's: what the profile
     // changes on its adapter is measured against that adapter's own settings,
     // so show those first, then put the profile's values back where they differ.
-    INetConfig& net = *mobjNet;
-    const bool dhcp = net.DHCPEnabled(), dns = net.DNSEnabled(), wins = net.WINSEnabled();
-    const std::string addresses = net.IPAddress(), masks = net.IPMask(),
-                      gateways = net.DefaultGateway(), servers = net.DNSServers(),
-                      wins1 = net.WINSServer1(), wins2 = net.WINSServer2();
+    const NetRecord profile = mobjNet->Record();
     NICSelected(index);
-    if (net.DNSEnabled() != dns) net.SetDNSEnabled(dns);
-    if (net.DNSServers() != servers) net.SetDNSServers(servers);
-    if (net.IPAddress() != addresses) net.SetIPAddress(addresses);
-    if (net.IPMask() != masks) net.SetIPMask(masks);
-    if (net.DefaultGateway() != gateways) net.SetDefaultGateway(gateways);
-    if (net.DHCPEnabled() != dhcp) net.SetDHCPEnabled(dhcp);
-    if (net.WINSServer1() != wins1) net.SetWINSServer1(wins1);
-    if (net.WINSServer2() != wins2) net.SetWINSServer2(wins2);
-    if (net.WINSEnabled() != wins) net.SetWINSEnabled(wins);
+    const NetRecord& machine = mobjNet->Record();
+    for (NetFlag field : {&NetRecord::DNSEnabled, &NetRecord::DHCPEnabled})
+        if (machine.*field != profile.*field) mobjNet->Assign(field, profile.*field);
+    for (NetText field :
+         {&NetRecord::DNSServers, &NetRecord::IPAddress, &NetRecord::IPMask,
+          &NetRecord::DefaultGateway, &NetRecord::WINSServer1, &NetRecord::WINSServer2})
+        if (machine.*field != profile.*field) mobjNet->Assign(field, profile.*field);
+    if (machine.WINSEnabled != profile.WINSEnabled)
+        mobjNet->Assign(&NetRecord::WINSEnabled, profile.WINSEnabled);
 }
 
-void frmGeneralTab::BindText(int aintControlId, std::string (INetConfig::*get)() const,
-                             void (INetConfig::*set)(const std::string&)) {
+void frmGeneralTab::BindText(int aintControlId, NetText aField) {
     mBindings.AddText(
-        aintControlId, [this, get] { return mobjNet ? (mobjNet->*get)() : std::string(); },
-        [this, set](const std::string& value) {
-            if (mobjNet) (mobjNet->*set)(value);
+        aintControlId,
+        [this, aField] { return mobjNet ? mobjNet->Record().*aField : std::string(); },
+        [this, aField](const std::string& value) {
+            if (mobjNet) mobjNet->Assign(aField, value);
         });
 }
 
-void frmGeneralTab::BindCheck(int aintControlId, bool (INetConfig::*get)() const,
-                              void (INetConfig::*set)(bool)) {
+void frmGeneralTab::BindCheck(int aintControlId, NetFlag aField) {
     mBindings.AddCheck(
-        aintControlId, [this, get] { return mobjNet && (mobjNet->*get)(); },
-        [this, set](bool value) {
-            if (mobjNet) (mobjNet->*set)(value);
+        aintControlId, [this, aField] { return mobjNet && mobjNet->Record().*aField; },
+        [this, aField](bool value) {
+            if (mobjNet) mobjNet->Assign(aField, value);
         });
 }
 
 void frmGeneralTab::OnCreate() {
-    using N = INetConfig;
+    using N = NetRecord;
     mBindings.AddChoice(
         IDC_GEN_ADAPTER,
-        [this] { return mobjNet ? mobjNet->AdapterList() : std::vector<std::string>(); },
-        [this] { return mobjNet ? static_cast<int>(mobjNet->CurrentAdapter()) : -1; },
+        [this] { return mobjNet ? mobjNet->Record().AdapterList : std::vector<std::string>(); },
+        [this] { return mobjNet ? static_cast<int>(mobjNet->Record().CurrentAdapter) : -1; },
         [this](int index) {
-            if (mobjNet && index != mobjNet->CurrentAdapter()) NICSelected(index);
+            if (mobjNet && index != mobjNet->Record().CurrentAdapter) NICSelected(index);
         });
     mBindings.AddCheck(
-        IDC_GEN_DHCP, [this] { return mobjNet && mobjNet->DHCPEnabled(); },
+        IDC_GEN_DHCP, [this] { return mobjNet && mobjNet->Record().DHCPEnabled; },
         [this](bool value) { DHCPToggled(value); });
     mBindings.AddText(
         IDC_GEN_IPADDRESS,
@@ -184,38 +134,38 @@ void frmGeneralTab::OnCreate() {
         IDC_GEN_IPMASK,
         [this] { return SplitIP(mstrShownMasks, ",", mintIPIndex + 1)[mintIPIndex]; },
         [this](const std::string& value) { AssignEntry(true, value); });
-    BindText(IDC_GEN_GATEWAY, &N::DefaultGateway, &N::SetDefaultGateway);
-    BindText(IDC_GEN_DNSSERVERS, &N::DNSServers, &N::SetDNSServers);
-    BindText(IDC_GEN_SEARCHLIST, &N::SearchList, &N::SetSearchList);
+    BindText(IDC_GEN_GATEWAY, &N::DefaultGateway);
+    BindText(IDC_GEN_DNSSERVERS, &N::DNSServers);
+    BindText(IDC_GEN_SEARCHLIST, &N::SearchList);
     mBindings.AddCheck(
-        IDC_GEN_WINS, [this] { return mobjNet && mobjNet->WINSEnabled(); },
+        IDC_GEN_WINS, [this] { return mobjNet && mobjNet->Record().WINSEnabled; },
         [this](bool value) { WINSToggled(value); });
-    BindText(IDC_GEN_WINSSERVER1, &N::WINSServer1, &N::SetWINSServer1);
-    BindText(IDC_GEN_WINSSERVER2, &N::WINSServer2, &N::SetWINSServer2);
-    BindText(IDC_GEN_COMPUTERNAME, &N::ComputerName, &N::SetComputerName);
-    BindText(IDC_GEN_DESCRIPTION, &N::ComputerDescription, &N::SetComputerDescription);
-    BindText(IDC_GEN_HOST, &N::Host, &N::SetHost);
-    BindText(IDC_GEN_DOMAINNAME, &N::DomainName, &N::SetDomainName);
-    BindText(IDC_GEN_SCOPEID, &N::ScopeID, &N::SetScopeID);
+    BindText(IDC_GEN_WINSSERVER1, &N::WINSServer1);
+    BindText(IDC_GEN_WINSSERVER2, &N::WINSServer2);
+    BindText(IDC_GEN_COMPUTERNAME, &N::ComputerName);
+    BindText(IDC_GEN_DESCRIPTION, &N::ComputerDescription);
+    BindText(IDC_GEN_HOST, &N::Host);
+    BindText(IDC_GEN_DOMAINNAME, &N::DomainName);
+    BindText(IDC_GEN_SCOPEID, &N::ScopeID);
     mBindings.AddOptionPair(
         IDC_GEN_USEDOMAIN, IDC_GEN_USEWORKGROUP,
-        [this] { return mobjNet && mobjNet->NTLogonEnabled(); },
+        [this] { return mobjNet && mobjNet->Record().NTLogonEnabled; },
         [this](bool value) {
-            if (mobjNet) mobjNet->SetNTLogonEnabled(value);
+            if (mobjNet) mobjNet->Assign(&NetRecord::NTLogonEnabled, value);
         });
-    BindText(IDC_GEN_WORKGROUP, &N::Workgroup, &N::SetWorkgroup);
-    BindText(IDC_GEN_NTDOMAIN, &N::NTDomain, &N::SetNTDomain);
-    BindCheck(IDC_GEN_SETPRINTER, &N::EnableDefaultPrinter, &N::SetEnableDefaultPrinter);
+    BindText(IDC_GEN_WORKGROUP, &N::Workgroup);
+    BindText(IDC_GEN_NTDOMAIN, &N::NTDomain);
+    BindCheck(IDC_GEN_SETPRINTER, &N::EnableDefaultPrinter);
     mBindings.AddList(
         IDC_GEN_PRINTER,
         [this] {
             const std::vector<std::string> printers =
-                mobjNet ? mobjNet->printerList() : std::vector<std::string>();
+                mobjNet ? mobjNet->Record().printerList : std::vector<std::string>();
             return printers.empty() ? std::vector<std::string>{kNoPrinters} : printers;
         },
         [this] {
-            if (!mobjNet || mobjNet->printerList().empty()) return std::string(kNoPrinters);
-            return mobjNet->DefaultPrinter();
+            if (!mobjNet || mobjNet->Record().printerList.empty()) return std::string(kNoPrinters);
+            return mobjNet->Record().DefaultPrinter;
         },
         [this](const std::string& value) { DefaultPrinterSelected(value); });
     UpdateEnabling();
@@ -237,24 +187,23 @@ void frmGeneralTab::OnCommand(WPARAM wParam, LPARAM) {
 }
 
 std::string frmGeneralTab::AddressList() const {
-    return mobjNet ? MergeIP(SplitIP(Replaced(mobjNet->IPAddress(), '\0', ','))) : std::string();
+    return mobjNet ? MergeIP(SplitIP(Replaced(mobjNet->Record().IPAddress, '\0', ',')))
+                   : std::string();
 }
 
 std::string frmGeneralTab::MaskList() const {
-    return mobjNet ? MergeIP(SplitIP(Replaced(mobjNet->IPMask(), '\0', ','))) : std::string();
+    return mobjNet ? MergeIP(SplitIP(Replaced(mobjNet->Record().IPMask, '\0', ',')))
+                   : std::string();
 }
 
 void frmGeneralTab::AssignList(bool ablnMask, const std::string& astrCommaList) {
     if (!mobjNet) return;
-    // The 2000/XP/2003 record keeps its lists as multi-strings.
-    const auto* base = dynamic_cast<const clsNetConfigBase*>(mobjNet);
-    const bool nul = base ? base->Particulars().NulSeparatedAddresses : Is2KFamily();
-    const std::string value = nul ? Replaced(astrCommaList, ',', '\0') : astrCommaList;
+    const std::string value = mobjNet->AddressListFromCommas(astrCommaList);
     if (ablnMask) {
-        mobjNet->SetIPMask(value);
+        mobjNet->Assign(&NetRecord::IPMask, value);
         mstrShownMasks = astrCommaList;
     } else {
-        mobjNet->SetIPAddress(value);
+        mobjNet->Assign(&NetRecord::IPAddress, value);
         mstrShownAddresses = astrCommaList;
     }
 }
@@ -319,12 +268,12 @@ void frmGeneralTab::DHCPToggled(bool ablnOn) {
     Procedure proc(kObject, "DHCPToggled");
     proc.Run([&] {
         if (!mobjNet) return;
-        mobjNet->SetDHCPEnabled(ablnOn);
-        if (mblnRefilling || (mstrOS != "9x" && mstrOS != "NT")) return;
+        mobjNet->Assign(&NetRecord::DHCPEnabled, ablnOn);
+        if (mblnRefilling || !DHCPGivesWINS()) return;
         // There the DHCP server gives the WINS servers: WINS is switched off
         // with DHCP and follows its box again without it.
         if (ablnOn) CheckDlgButton(mhWnd, IDC_GEN_WINS, BST_UNCHECKED);
-        mobjNet->SetWINSEnabled(!ablnOn && IsChecked(IDC_GEN_WINS));
+        mobjNet->Assign(&NetRecord::WINSEnabled, !ablnOn && IsChecked(IDC_GEN_WINS));
     });
 }
 
@@ -332,10 +281,10 @@ void frmGeneralTab::WINSToggled(bool ablnOn) {
     Procedure proc(kObject, "WINSToggled");
     proc.Run([&] {
         if (!mobjNet) return;
-        mobjNet->SetWINSEnabled(ablnOn);
+        mobjNet->Assign(&NetRecord::WINSEnabled, ablnOn);
         // On 2000/XP/2003 WINS is on exactly when servers are listed, so
         // switching it off empties the server fields (each assigns itself).
-        if (!mblnRefilling && !ablnOn && Is2KFamily()) {
+        if (!mblnRefilling && !ablnOn && IsNT5Family(mOS)) {
             SetDlgItemTextA(mhWnd, IDC_GEN_WINSSERVER1, "");
             SetDlgItemTextA(mhWnd, IDC_GEN_WINSSERVER2, "");
         }
@@ -346,7 +295,7 @@ void frmGeneralTab::DefaultPrinterSelected(const std::string& astrPrinter) {
     Procedure proc(kObject, "DefaultPrinterSelected");
     proc.Run([&] {
         if (!mobjNet || astrPrinter == kNoPrinters) return;
-        mobjNet->SetDefaultPrinter(astrPrinter);
+        mobjNet->Assign(&NetRecord::DefaultPrinter, astrPrinter);
         // A profile brings its own port; a choice of the user shows the printer's.
         if (!mblnRefilling) mobjNet->GetAdvPrinterSettings();
         ShowPrinterPort();
@@ -355,16 +304,16 @@ void frmGeneralTab::DefaultPrinterSelected(const std::string& astrPrinter) {
 
 void frmGeneralTab::ShowAdapterType() {
     std::string text;
-    if (mobjNet && mobjNet->CurrentAdapter() >= 0 && (mstrOS == "2K" || mstrOS == "XP")) {
-        const auto* net2K = dynamic_cast<const clsNetConfig2K*>(mobjNet);
-        const std::string type = net2K ? net2K->CurrentAdapterType() : std::string();
+    if (mobjNet && mobjNet->Record().CurrentAdapter >= 0 &&
+        (mOS == OSFamily::Win2K || mOS == OSFamily::XP)) {
+        const std::string type = mobjNet->CurrentAdapterType();
         text = "[" + (type.empty() ? std::string("Unknown Adapter Type") : type) + "]";
     }
     SetDlgItemTextA(mhWnd, IDC_GEN_ADAPTERTYPE, text.c_str());
 }
 
 void frmGeneralTab::ShowPrinterPort() {
-    const std::string port = mobjNet ? mobjNet->PrinterPort() : std::string();
+    const std::string port = mobjNet ? mobjNet->Record().PrinterPort : std::string();
     SetDlgItemTextA(mhWnd, IDC_GEN_PRINTERPORT, port.empty() ? "" : ("Port: " + port).c_str());
 }
 
@@ -386,17 +335,17 @@ void frmGeneralTab::Enable(int aintControlId, bool ablnEnabled) const {
     if (HWND control = GetDlgItem(mhWnd, aintControlId)) EnableWindow(control, ablnEnabled);
 }
 
-bool frmGeneralTab::Is2KFamily() const {
-    return mstrOS == "2K" || mstrOS == "XP" || mstrOS == "2003";
+bool frmGeneralTab::DHCPGivesWINS() const {
+    return mOS == OSFamily::Win9x || mOS == OSFamily::NT4;
 }
 
 void frmGeneralTab::UpdateEnabling() {
     Procedure proc(kObject, "EnableNICControls");
     proc.Run([&] {
         if (!Available() || !mhWnd) return;
-        const bool adapter = mobjNet && mobjNet->CurrentAdapter() >= 0;
+        const bool adapter = mobjNet && mobjNet->Record().CurrentAdapter >= 0;
         const bool fixed = adapter && !IsChecked(IDC_GEN_DHCP);
-        const bool dhcpGivesWINS = (mstrOS == "9x" || mstrOS == "NT") && IsChecked(IDC_GEN_DHCP);
+        const bool dhcpGivesWINS = DHCPGivesWINS() && IsChecked(IDC_GEN_DHCP);
         const bool wins = adapter && !dhcpGivesWINS;
         for (int id : {IDC_GEN_LABEL_ADAPTER, IDC_GEN_ADAPTER, IDC_GEN_DHCP,
                        IDC_GEN_LABEL_DNSSERVERS, IDC_GEN_DNSSERVERS})
@@ -413,9 +362,9 @@ void frmGeneralTab::UpdateEnabling() {
         Enable(IDC_GEN_WORKGROUP, !domain);
         Enable(IDC_GEN_NTDOMAIN, domain);
         // Only the 2000/XP/2003 back end keeps a domain account.
-        Enable(IDC_GEN_ACCOUNT, domain && Is2KFamily());
+        Enable(IDC_GEN_ACCOUNT, domain && IsNT5Family(mOS));
 
-        const bool printers = mobjNet && !mobjNet->printerList().empty();
+        const bool printers = mobjNet && !mobjNet->Record().printerList.empty();
         Enable(IDC_GEN_SETPRINTER, printers);
         Enable(IDC_GEN_PRINTER, printers && IsChecked(IDC_GEN_SETPRINTER));
     });

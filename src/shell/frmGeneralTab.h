@@ -1,6 +1,6 @@
 // The General page of the main window: the network record of the profile
-// (INetConfig), edited through its property setters so that what the page
-// shows is what will be applied and saved.
+// (INetConfig), edited through assignments that flag each setting, so that
+// what the page shows is what will be applied and saved.
 //
 // The address and mask fields edit one entry of their lists at a time, chosen
 // with the index box beside the address; the page keeps the lists in their
@@ -20,19 +20,11 @@
 #include <vector>
 
 #include "network/INetConfig.h"
+#include "platform/modAPI.h"
+#include "platform/modText.h"
 #include "shell/clsTabPage.h"
 
 namespace rwz {
-
-// Splits a list at `astrSeparator` ("," when empty; found without regard to
-// case) into trimmed entries, padded with empty ones to `aintMinCount`.
-std::vector<std::string> SplitIP(const std::string& astrText,
-                                 const std::string& astrSeparator = ",", int aintMinCount = 0);
-// Joins entries with `astrSeparator` ("," when empty). Empty entries at the
-// end are left out; empty entries between others are kept, so that an entry
-// being retyped keeps the positions of those after it.
-std::string MergeIP(const std::vector<std::string>& astrEntries,
-                    const std::string& astrSeparator = ",");
 
 // The validation of a field when it is left: the message number for its text,
 // or 0 when the text is valid (an empty list is valid).
@@ -47,9 +39,9 @@ class frmGeneralTab : public clsTabPage {
     // without a profile object, for tests). Returns the ids of the fields
     // whose shown value changed.
     std::vector<int> RefillFrom(INetConfig* aobjNet, bool ablnAssign);
-    // The system tag that decides the DHCP, WINS and adapter-type rules;
-    // the running system's by default.
-    void SetOSTag(const std::string& astrOS) { mstrOS = astrOS; }
+    // The system that decides the DHCP, WINS and adapter-type rules; the
+    // running system by default.
+    void SetOSFamily(OSFamily aFamily) { mOS = aFamily; }
 
     // The entry of the address and mask lists that the fields edit.
     int IPAddressIndex() const { return mintIPIndex; }
@@ -61,10 +53,8 @@ class frmGeneralTab : public clsTabPage {
     void UpdateEnabling() override;
 
   private:
-    void BindText(int aintControlId, std::string (INetConfig::*get)() const,
-                  void (INetConfig::*set)(const std::string&));
-    void BindCheck(int aintControlId, bool (INetConfig::*get)() const,
-                   void (INetConfig::*set)(bool));
+    void BindText(int aintControlId, NetText aField);
+    void BindCheck(int aintControlId, NetFlag aField);
     // The address and mask lists in the page's comma form.
     std::string AddressList() const;
     std::string MaskList() const;
@@ -85,10 +75,11 @@ class frmGeneralTab : public clsTabPage {
     void ValidateField(int aintControlId);
     bool IsChecked(int aintControlId) const;
     void Enable(int aintControlId, bool ablnEnabled) const;
-    bool Is2KFamily() const;
+    // On 9x and NT 4 the DHCP server gives the WINS servers.
+    bool DHCPGivesWINS() const;
 
     INetConfig* mobjNet = nullptr;
-    std::string mstrOS;
+    OSFamily mOS;
     int mintIPIndex = 0;
     // The lists as last shown (comma form): a refill that changes any entry,
     // not only the one in the fields, assigns the list.

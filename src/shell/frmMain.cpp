@@ -348,7 +348,7 @@ void frmMain::Form_Load() {
         InitializeForm();
         InitializeAddIns();
 
-        const std::string text = CommandLineText();
+        const std::string text = CommandLineText(GetCommandLineA());
         if (!text.empty()) {
             ProcessCommandLineSwitches(GetCommandLineArgs(text));
             if (mblnExitAfterSwitches) Unload();
@@ -476,12 +476,30 @@ void frmMain::ProcessCommandLineSwitches(const std::vector<std::string>& avarArg
             mblnExitAfterSwitches = true;
             ShowHelpContents();
         }
-        if (found("load")) OpenConfigurationFile(Trim(value));
-        if (found("uid") && net) net->SetNTDomainUserName(value);
-        if (found("pwd") && net) net->SetNTDomainPassword(value);
-        if (found("save")) SaveConfigurationFile(value);
-        if (found("export") && mobjConfig) clsSettings().ExportAllSettings(*mobjConfig, value);
-        if (found("apply")) ApplyConfiguration();
+        const std::vector<std::string> unknown = UnknownSwitches(avarArgs);
+        if (!unknown.empty()) proc.Log(UnknownSwitchesText(unknown));
+        // A profile that was named but not loaded is never applied, saved or exported.
+        bool notLoaded = false;
+        if (found("load")) {
+            const std::string problem = ProfilePathProblem(Trim(value));
+            notLoaded = true;
+            if (problem.empty()) {
+                OpenConfigurationFile(Trim(value));
+                notLoaded = !mblnFileLoaded;
+            } else {
+                WriteLog("frmMain - ProcessCommandLineSwitches: " + problem, kLogWarning);
+                ShowMessage(problem, MB_OK | MB_ICONEXCLAMATION, kProductName);
+            }
+        }
+        // Credentials never carry the blanks around them.
+        if (found("uid") && net) net->Assign(&NetRecord::NTDomainUserName, Trim(value));
+        if (found("pwd") && net) net->Assign(&NetRecord::NTDomainPassword, Trim(value));
+        if (notLoaded)
+            proc.Log("the profile was not loaded: nothing is saved, exported or applied");
+        if (found("save") && !notLoaded) SaveConfigurationFile(value);
+        if (found("export") && mobjConfig && !notLoaded)
+            clsSettings().ExportAllSettings(*mobjConfig, value);
+        if (found("apply") && !notLoaded) ApplyConfiguration();
         const bool pending = RestartPending();
         if (found("print") && mobjConfig) clsSettings().PrintAllSettings(*mobjConfig);
         const bool force = found("force", false);
@@ -596,7 +614,7 @@ void frmMain::SetPanelVisible(int aintPanel, bool ablnVisible) {
 
 void frmMain::UpdateRestartIndicator() {
     INetConfig* net = mobjConfig ? mobjConfig->GetNetConfig() : nullptr;
-    if (net && net->ResetRequired()) {
+    if (net && net->Record().ResetRequired) {
         SetPanelText(4, "Restart Required");
         SetPanelVisible(4, true);
     }

@@ -68,6 +68,10 @@ bool AskCloseBrowser(const std::string& astrBrowser) {
                        "Apply Configuration") == IDYES;
 }
 
+void ShowApplyFailure(const std::string& astrText) {
+    ShowMessage(astrText, MB_OK | MB_ICONEXCLAMATION);
+}
+
 std::string CurrentFolder() {
     char folder[MAX_PATH] = "";
     GetCurrentDirectoryA(sizeof folder, folder);
@@ -205,8 +209,8 @@ void frmMain::ApplyCurrentConfiguration() {
             return;
         // A profile that keeps no account asks for one now; Cancel stops the apply.
         if (INetConfig* net = mobjConfig->GetNetConfig()) {
-            if ((IsPromptPlaceholder(net->NTDomainUserName()) ||
-                 IsPromptPlaceholder(net->NTDomainPassword())) &&
+            if ((IsPromptPlaceholder(net->Record().NTDomainUserName) ||
+                 IsPromptPlaceholder(net->Record().NTDomainPassword)) &&
                 PromptForCredentials(*net, mhWnd))
                 return;
         }
@@ -225,12 +229,12 @@ bool frmMain::ApplyConfiguration() {
         if (!mobjConfig) return false;
         SaveProgramSetting(kProductName, kOptions, "LastFileApplied", mobjConfig->ConfFile());
         if (INetConfig* net = mobjConfig->GetNetConfig()) {
-            const auto adapters = net->AdapterList();
-            const int current = net->CurrentAdapter();
+            const auto& adapters = net->Record().AdapterList;
+            const int current = net->Record().CurrentAdapter;
             if (current >= 0 && current < static_cast<int>(adapters.size()))
                 SaveProgramSetting(kProductName, kOptions, "LastNICApplied", adapters[current]);
         }
-        return mobjConfig->ApplyConfiguration(mcolAddIns, AskCloseBrowser);
+        return mobjConfig->ApplyConfiguration(mcolAddIns, AskCloseBrowser, ShowApplyFailure);
     });
 }
 

@@ -26,7 +26,6 @@ class NavigatorLibTest : public ::testing::Test {
   protected:
     void SetUp() override {
         RemoveNetscape();
-        Err::Clear();
     }
     void TearDown() override { RemoveNetscape(); }
 

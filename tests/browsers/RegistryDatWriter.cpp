@@ -1,6 +1,8 @@
 #include "RegistryDatWriter.h"
 
+#ifdef _WIN32
 #include <windows.h>
+#endif
 
 #include <cstdio>
 #include <cstdlib>
@@ -202,6 +204,7 @@ std::string SampleRegistryXml() {
            "</Root>\r\n";
 }
 
+#ifdef _WIN32
 std::string TestFolder() {
     char temp[MAX_PATH] = {};
     GetTempPathA(MAX_PATH, temp);
@@ -220,6 +223,8 @@ std::string WriteTestFile(const std::string& astrName, const std::string& astrBy
     return path;
 }
 
+#endif
+
 std::string ReadWholeFile(const std::string& astrPath) {
     FILE* file = std::fopen(astrPath.c_str(), "rb");
     if (!file) return std::string();
@@ -231,6 +236,7 @@ std::string ReadWholeFile(const std::string& astrPath) {
     return bytes;
 }
 
+#ifdef _WIN32
 std::string MozillaFixturePath() {
     const char* shared = std::getenv("RWZ_SHARED_DIR");
     std::string folder = shared && *shared ? shared : "Z:\\work\\shared";
@@ -242,5 +248,13 @@ std::string MozillaFixturePath() {
     while (!folder.empty() && folder.back() == '\\') folder.pop_back();
     return folder + "\\fixtures\\mozilla-registry-2004.dat";
 }
+
+#else
+std::string MozillaFixturePath() {
+    const char* shared = std::getenv("RWZ_SHARED_DIR");
+    return std::string(shared && *shared ? shared : RWZ_ROOT "/../shared") +
+           "/fixtures/mozilla-registry-2004.dat";
+}
+#endif
 
 }  // namespace rwz::test

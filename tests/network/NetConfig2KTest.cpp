@@ -1,9 +1,11 @@
 // The Windows 2000/XP/2003 network back end against the simulated machines:
-// what it captures, what an apply writes (and what it leaves alone), the
-// address push, joining a domain or a workgroup with the boxes for refusals,
-// and damaged registries.
+// what it captures, the profile keys it writes and reads, the flags an
+// assignment sets, what an apply writes (and what it leaves alone) and in
+// which order, the address push, and joining a domain or a workgroup with the
+// texts of refusals.
 #include <gtest/gtest.h>
 
+#include <cstring>
 #include <memory>
 #include <optional>
 #include <set>
@@ -50,15 +52,12 @@ class NetConfig2KTest : public ::testing::Test {
         return config;
     }
 
-    // Applies with the dialog watcher answering every box; the boxes' texts.
+    // Applies with the dialog watcher looking on: the back end shows no box,
+    // it returns what the user must be told.
     Strings Apply(clsNetConfig2K& aConfig) {
         bench::DialogWatch watch;
-        aConfig.ApplyConfiguration();
-        Strings texts;
-        for (const bench::DialogRecord& box : watch.Stop().dialogs) {
-            EXPECT_EQ("Roamwise", box.title);
-            texts.push_back(box.text);
-        }
+        const Strings texts = aConfig.ApplyConfiguration();
+        EXPECT_TRUE(watch.Stop().dialogs.empty());
         return texts;
     }
 
@@ -90,32 +89,32 @@ TEST_P(NetConfig2KCapture, ReadsEverySettingOfTheMachine) {
     const Captured& x = GetParam();
     Load(x.Machine);
     const auto config = Capture();
-    EXPECT_EQ(x.Adapters, config->AdapterList());
-    EXPECT_EQ(x.Current, config->CurrentAdapter());
-    EXPECT_EQ(NulList(x.IPAddress), config->IPAddress());
-    EXPECT_EQ(NulList(x.IPMask), config->IPMask());
-    EXPECT_EQ(x.Gateway, config->DefaultGateway());
-    EXPECT_EQ(x.DNS, config->DNSServers());
-    EXPECT_EQ(x.DNSEnabled, config->DNSEnabled());
-    EXPECT_EQ(x.DHCP, config->DHCPEnabled());
-    EXPECT_EQ(x.WINS1, config->WINSServer1());
-    EXPECT_EQ(x.WINS2, config->WINSServer2());
+    EXPECT_EQ(x.Adapters, config->Record().AdapterList);
+    EXPECT_EQ(x.Current, config->Record().CurrentAdapter);
+    EXPECT_EQ(NulList(x.IPAddress), config->Record().IPAddress);
+    EXPECT_EQ(NulList(x.IPMask), config->Record().IPMask);
+    EXPECT_EQ(x.Gateway, config->Record().DefaultGateway);
+    EXPECT_EQ(x.DNS, config->Record().DNSServers);
+    EXPECT_EQ(x.DNSEnabled, config->Record().DNSEnabled);
+    EXPECT_EQ(x.DHCP, config->Record().DHCPEnabled);
+    EXPECT_EQ(x.WINS1, config->Record().WINSServer1);
+    EXPECT_EQ(x.WINS2, config->Record().WINSServer2);
     // Captured before the servers are read: reflects the empty record.
-    EXPECT_FALSE(config->WINSEnabled());
-    EXPECT_EQ(x.Computer, config->ComputerName());
-    EXPECT_EQ(x.Description, config->ComputerDescription());
-    EXPECT_EQ(x.Workgroup, config->Workgroup());
-    EXPECT_EQ(x.NTLogon, config->NTLogonEnabled());
-    EXPECT_EQ(x.NTDomain, config->NTDomain());
-    EXPECT_EQ(x.Domain, config->DomainName());
-    EXPECT_EQ(x.Host, config->Host());
-    EXPECT_EQ(x.SearchList, config->SearchList());
-    EXPECT_EQ(x.ScopeID, config->ScopeID());
-    EXPECT_EQ("", config->LMHostFile());
-    EXPECT_EQ(x.Printers, config->printerList());
-    EXPECT_EQ(x.DefaultPrinter, config->DefaultPrinter());
-    EXPECT_EQ(x.Port, config->PrinterPort());
-    EXPECT_FALSE(config->ResetRequired());
+    EXPECT_FALSE(config->Record().WINSEnabled);
+    EXPECT_EQ(x.Computer, config->Record().ComputerName);
+    EXPECT_EQ(x.Description, config->Record().ComputerDescription);
+    EXPECT_EQ(x.Workgroup, config->Record().Workgroup);
+    EXPECT_EQ(x.NTLogon, config->Record().NTLogonEnabled);
+    EXPECT_EQ(x.NTDomain, config->Record().NTDomain);
+    EXPECT_EQ(x.Domain, config->Record().DomainName);
+    EXPECT_EQ(x.Host, config->Record().Host);
+    EXPECT_EQ(x.SearchList, config->Record().SearchList);
+    EXPECT_EQ(x.ScopeID, config->Record().ScopeID);
+    EXPECT_EQ("", config->Record().LMHostFile);
+    EXPECT_EQ(x.Printers, config->Record().printerList);
+    EXPECT_EQ(x.DefaultPrinter, config->Record().DefaultPrinter);
+    EXPECT_EQ(x.Port, config->Record().PrinterPort);
+    EXPECT_FALSE(config->Record().ResetRequired);
     for (int setting = 0; setting < static_cast<int>(NetSetting::Count); ++setting)
         EXPECT_FALSE(config->IsChanged(static_cast<NetSetting>(setting))) << setting;
 }
@@ -171,29 +170,6 @@ INSTANTIATE_TEST_SUITE_P(
                  {},
                  "",
                  ""},
-        Captured{"win2003-server",
-                 {"Server LAN"},
-                 0,
-                 {"10.1.0.20"},
-                 {"255.255.0.0"},
-                 "10.1.0.1",
-                 "10.1.0.5,10.1.0.6",
-                 true,
-                 false,
-                 "10.1.0.5",
-                 "",
-                 "NWFS01",
-                 "Northwind file and print server",
-                 "",
-                 true,
-                 "NORTHWIND",
-                 "northwind.lan",
-                 "nwfs01",
-                 "",
-                 "",
-                 {"Accounts LaserJet"},
-                 "Accounts LaserJet",
-                 "IP_10.1.0.40"},
         Captured{"xp-no-network", {},    -1, {}, {},      "", "", false, false, "", "", "KIOSK", "",
                  "WORKGROUP",     false, "", "", "kiosk", "", "", {},    "",    ""}),
     [](const ::testing::TestParamInfo<Captured>& info) {
@@ -207,11 +183,11 @@ TEST_F(NetConfig2KTest, OpensOnTheAdapterAppliedLastTheLaterOfTwoEqualNames) {
     Load("win2k-pro");
     SaveProgramSetting(kProductName, "Options", "LastNICApplied", k3Com);
     auto config = Capture();
-    EXPECT_EQ(1, config->CurrentAdapter());
+    EXPECT_EQ(1, config->Record().CurrentAdapter);
     // The second card is on DHCP, unplugged.
-    EXPECT_TRUE(config->DHCPEnabled());
-    EXPECT_EQ("0.0.0.0", config->IPAddress());
-    EXPECT_FALSE(config->DNSEnabled());
+    EXPECT_TRUE(config->Record().DHCPEnabled);
+    EXPECT_EQ("0.0.0.0", config->Record().IPAddress);
+    EXPECT_FALSE(config->Record().DNSEnabled);
 }
 
 TEST_F(NetConfig2KTest, SelectingAnAdapterRereadsItsSettingsAndItsType) {
@@ -220,16 +196,16 @@ TEST_F(NetConfig2KTest, SelectingAnAdapterRereadsItsSettingsAndItsType) {
     EXPECT_EQ("LAN", config->CurrentAdapterType());
     config->SetCurrentAdapter(1);
     EXPECT_EQ("Wireless", config->CurrentAdapterType());
-    EXPECT_EQ("0.0.0.0", config->IPAddress());
-    EXPECT_EQ("", config->DefaultGateway());
-    EXPECT_TRUE(config->DHCPEnabled());
-    EXPECT_FALSE(config->DNSEnabled());
-    EXPECT_EQ("", config->WINSServer1());
-    EXPECT_FALSE(config->WINSEnabled());
+    EXPECT_EQ("0.0.0.0", config->Record().IPAddress);
+    EXPECT_EQ("", config->Record().DefaultGateway);
+    EXPECT_TRUE(config->Record().DHCPEnabled);
+    EXPECT_FALSE(config->Record().DNSEnabled);
+    EXPECT_EQ("", config->Record().WINSServer1);
+    EXPECT_FALSE(config->Record().WINSEnabled);
     // Selecting reads the servers before WINS is judged.
     config->SetCurrentAdapter(0);
-    EXPECT_TRUE(config->WINSEnabled());
-    EXPECT_EQ("192.168.101.7", config->WINSServer2());
+    EXPECT_TRUE(config->Record().WINSEnabled);
+    EXPECT_EQ("192.168.101.7", config->Record().WINSServer2);
     EXPECT_FALSE(config->IsChanged(NetSetting::IPAddress));
 }
 
@@ -242,30 +218,13 @@ TEST_F(NetConfig2KTest, AdapterValuesMissingReadAsEmpty) {
         DeleteStored(HKEY_LOCAL_MACHINE, InterfaceKey(kLaptopWired), value);
     DeleteStored(HKEY_LOCAL_MACHINE, NetBTInterfaceKey(kLaptopWired), "NameServerList");
     auto config = Capture();
-    EXPECT_EQ("", config->IPAddress());
-    EXPECT_EQ("", config->IPMask());
-    EXPECT_EQ("", config->DefaultGateway());
-    EXPECT_FALSE(config->DHCPEnabled());
-    EXPECT_FALSE(config->DNSEnabled());
-    EXPECT_EQ("", config->WINSServer1());
-    EXPECT_EQ("Field laptop", config->ComputerDescription());  // the rest is read
-}
-
-TEST_F(NetConfig2KTest, AdapterValuesOfTheWrongTypeAreReadWhereTheyMakeSense) {
-    Load("xp-laptop");
-    WriteStored(HKEY_LOCAL_MACHINE, InterfaceKey(kLaptopWired), "IPAddress", REG_DWORD,
-                {5, 0, 0, 10});
-    WriteStoredText(HKEY_LOCAL_MACHINE, InterfaceKey(kLaptopWired), "EnableDHCP", "1");
-    WriteStored(HKEY_LOCAL_MACHINE, InterfaceKey(kLaptopWired), "NameServer", REG_BINARY, {1, 2});
-    WriteStoredText(HKEY_LOCAL_MACHINE, NetBTInterfaceKey(kLaptopWired), "NameServerList",
-                    "10.0.0.9");
-    auto config = Capture();
-    EXPECT_EQ("", config->IPAddress());
-    EXPECT_TRUE(config->DHCPEnabled());
-    EXPECT_EQ("", config->DNSServers());
-    EXPECT_FALSE(config->DNSEnabled());
-    EXPECT_EQ("10.0.0.9", config->WINSServer1());
-    EXPECT_EQ("", config->WINSServer2());
+    EXPECT_EQ("", config->Record().IPAddress);
+    EXPECT_EQ("", config->Record().IPMask);
+    EXPECT_EQ("", config->Record().DefaultGateway);
+    EXPECT_FALSE(config->Record().DHCPEnabled);
+    EXPECT_FALSE(config->Record().DNSEnabled);
+    EXPECT_EQ("", config->Record().WINSServer1);
+    EXPECT_EQ("Field laptop", config->Record().ComputerDescription);  // the rest is read
 }
 
 // --- Profiles ------------------------------------------------------------------------
@@ -276,126 +235,71 @@ class NetConfig2KRoundTrip : public NetConfig2KTest,
 TEST_P(NetConfig2KRoundTrip, AProfileSavedFromTheMachineReadsBackIntoTheSameRecord) {
     Load(GetParam());
     auto saved = Capture();
-    saved->SetNTDomainUserName("jsmith");
-    saved->SetNTDomainPassword("pa55, word");
+    saved->Assign(&NetRecord::NTDomainUserName, "jsmith");
+    saved->Assign(&NetRecord::NTDomainPassword, "pa55, word");
     const std::string file = TempProfile("roundtrip.rwz");
     saved->SaveConfigurationfile(file);
 
     auto read = Capture();
-    read->SetIPAddress("9.9.9.9");
-    read->SetIPMask("255.0.0.0");
-    INetConfig& record = *read;
-    for (void (INetConfig::*setter)(const std::string&) :
-         {&INetConfig::SetDefaultGateway, &INetConfig::SetDNSServers, &INetConfig::SetHost,
-          &INetConfig::SetDomainName, &INetConfig::SetSearchList, &INetConfig::SetWINSServer1,
-          &INetConfig::SetWINSServer2, &INetConfig::SetScopeID, &INetConfig::SetComputerName,
-          &INetConfig::SetComputerDescription, &INetConfig::SetWorkgroup, &INetConfig::SetNTDomain,
-          &INetConfig::SetDefaultPrinter, &INetConfig::SetPrinterPort})
-        (record.*setter)("junk");
-    read->SetDNSEnabled(!saved->DNSEnabled());
-    read->SetNTLogonEnabled(!saved->NTLogonEnabled());
-    read->SetDHCPEnabled(!saved->DHCPEnabled());
-    read->SetWINSEnabled(!saved->WINSEnabled());
-    read->SetEnableDefaultPrinter(!saved->EnableDefaultPrinter());
+    read->Assign(&NetRecord::IPAddress, "9.9.9.9");
+    read->Assign(&NetRecord::IPMask, "255.0.0.0");
+    using N = NetRecord;
+    for (NetText field :
+         {&N::DefaultGateway, &N::DNSServers, &N::Host, &N::DomainName, &N::SearchList,
+          &N::WINSServer1, &N::WINSServer2, &N::ScopeID, &N::ComputerName, &N::ComputerDescription,
+          &N::Workgroup, &N::NTDomain, &N::DefaultPrinter, &N::PrinterPort})
+        read->Assign(field, "junk");
+    read->Assign(&NetRecord::DNSEnabled, !saved->Record().DNSEnabled);
+    read->Assign(&NetRecord::NTLogonEnabled, !saved->Record().NTLogonEnabled);
+    read->Assign(&NetRecord::DHCPEnabled, !saved->Record().DHCPEnabled);
+    read->Assign(&NetRecord::WINSEnabled, !saved->Record().WINSEnabled);
+    read->Assign(&NetRecord::EnableDefaultPrinter, !saved->Record().EnableDefaultPrinter);
     read->LoadConfigurationFile(file);
 
     // Two equal names pick the later adapter: the same name, perhaps another index.
-    const Strings adapters = read->AdapterList();
-    if (saved->CurrentAdapter() < 0) {
-        EXPECT_EQ(-1, read->CurrentAdapter());
+    const Strings adapters = read->Record().AdapterList;
+    if (saved->Record().CurrentAdapter < 0) {
+        EXPECT_EQ(-1, read->Record().CurrentAdapter);
     } else {
-        EXPECT_EQ(saved->AdapterList()[saved->CurrentAdapter()], adapters[read->CurrentAdapter()]);
+        EXPECT_EQ(saved->Record().AdapterList[saved->Record().CurrentAdapter],
+                  adapters[read->Record().CurrentAdapter]);
     }
     // An empty list is saved as "0.0.0.0".
     auto saving = [](const std::string& list) { return list.empty() ? "0.0.0.0" : list; };
-    EXPECT_EQ(saving(saved->IPAddress()), read->IPAddress());
-    EXPECT_EQ(saving(saved->IPMask()), read->IPMask());
-    EXPECT_EQ(saved->DefaultGateway(), read->DefaultGateway());
-    EXPECT_EQ(saved->DNSServers(), read->DNSServers());
-    EXPECT_EQ(saved->Host(), read->Host());
-    EXPECT_EQ(saved->DomainName(), read->DomainName());
-    EXPECT_EQ(saved->SearchList(), read->SearchList());
-    EXPECT_EQ(saved->WINSServer1(), read->WINSServer1());
-    EXPECT_EQ(saved->WINSServer2(), read->WINSServer2());
-    EXPECT_EQ(saved->ScopeID(), read->ScopeID());
-    EXPECT_EQ(saved->ComputerName(), read->ComputerName());
-    EXPECT_EQ(saved->ComputerDescription(), read->ComputerDescription());
-    EXPECT_EQ(saved->Workgroup(), read->Workgroup());
-    EXPECT_EQ(saved->NTLogonEnabled(), read->NTLogonEnabled());
-    EXPECT_EQ(saved->NTDomain(), read->NTDomain());
-    EXPECT_EQ("jsmith", read->NTDomainUserName());
-    EXPECT_EQ("pa55, word", read->NTDomainPassword());
-    EXPECT_EQ(saved->DNSEnabled(), read->DNSEnabled());
-    EXPECT_EQ(saved->DHCPEnabled(), read->DHCPEnabled());
-    EXPECT_EQ(saved->WINSEnabled(), read->WINSEnabled());
-    EXPECT_EQ(saved->DefaultPrinter(), read->DefaultPrinter());
-    EXPECT_EQ(saved->PrinterPort(), read->PrinterPort());
-    EXPECT_EQ(saved->EnableDefaultPrinter(), read->EnableDefaultPrinter());
-    EXPECT_EQ("", read->LMHostFile());
+    EXPECT_EQ(saving(saved->Record().IPAddress), read->Record().IPAddress);
+    EXPECT_EQ(saving(saved->Record().IPMask), read->Record().IPMask);
+    EXPECT_EQ(saved->Record().DefaultGateway, read->Record().DefaultGateway);
+    EXPECT_EQ(saved->Record().DNSServers, read->Record().DNSServers);
+    EXPECT_EQ(saved->Record().Host, read->Record().Host);
+    EXPECT_EQ(saved->Record().DomainName, read->Record().DomainName);
+    EXPECT_EQ(saved->Record().SearchList, read->Record().SearchList);
+    EXPECT_EQ(saved->Record().WINSServer1, read->Record().WINSServer1);
+    EXPECT_EQ(saved->Record().WINSServer2, read->Record().WINSServer2);
+    EXPECT_EQ(saved->Record().ScopeID, read->Record().ScopeID);
+    EXPECT_EQ(saved->Record().ComputerName, read->Record().ComputerName);
+    EXPECT_EQ(saved->Record().ComputerDescription, read->Record().ComputerDescription);
+    EXPECT_EQ(saved->Record().Workgroup, read->Record().Workgroup);
+    EXPECT_EQ(saved->Record().NTLogonEnabled, read->Record().NTLogonEnabled);
+    EXPECT_EQ(saved->Record().NTDomain, read->Record().NTDomain);
+    EXPECT_EQ("jsmith", read->Record().NTDomainUserName);
+    EXPECT_EQ("pa55, word", read->Record().NTDomainPassword);
+    EXPECT_EQ(saved->Record().DNSEnabled, read->Record().DNSEnabled);
+    EXPECT_EQ(saved->Record().DHCPEnabled, read->Record().DHCPEnabled);
+    EXPECT_EQ(saved->Record().WINSEnabled, read->Record().WINSEnabled);
+    EXPECT_EQ(saved->Record().DefaultPrinter, read->Record().DefaultPrinter);
+    EXPECT_EQ(saved->Record().PrinterPort, read->Record().PrinterPort);
+    EXPECT_EQ(saved->Record().EnableDefaultPrinter, read->Record().EnableDefaultPrinter);
+    EXPECT_EQ("", read->Record().LMHostFile);
 }
 
 INSTANTIATE_TEST_SUITE_P(Machines, NetConfig2KRoundTrip,
-                         ::testing::Values("xp-laptop", "win2k-pro", "win2003-server",
-                                           "xp-no-network"),
+                         ::testing::Values("xp-laptop", "xp-no-network"),
                          [](const ::testing::TestParamInfo<const char*>& info) {
                              std::string name = info.param;
                              for (char& c : name)
                                  if (c == '-') c = '_';
                              return name;
                          });
-
-struct AdapterChoice {
-    bool ShowDisabled;
-    const char* Value;
-    int Chosen;
-};
-
-struct MachineChoices {
-    const char* Machine;
-    std::vector<AdapterChoice> Choices;
-};
-
-class NetConfig2KAdapterChoice : public NetConfig2KTest,
-                                 public ::testing::WithParamInterface<MachineChoices> {};
-
-TEST_P(NetConfig2KAdapterChoice, TheProfilesAdapterValuePicksTheAdapter) {
-    Load(GetParam().Machine);
-    const std::string file = TempProfile("adapter.rwz");
-    for (const AdapterChoice& choice : GetParam().Choices) {
-        SCOPED_TRACE(choice.Value);
-        SaveProgramSetting(kProductName, "Options", "ShowDisabledNICS",
-                           choice.ShowDisabled ? "1" : "0");
-        auto config = Capture();
-        WritePrivateProfileStringA("Network", "Adapter", choice.Value, file.c_str());
-        config->LoadConfigurationFile(file);
-        EXPECT_EQ(choice.Chosen, config->CurrentAdapter());
-    }
-}
-
-INSTANTIATE_TEST_SUITE_P(
-    Machines, NetConfig2KAdapterChoice,
-    ::testing::Values(MachineChoices{"xp-laptop",
-                                     {{false, "Wireless Network Connection", 1},
-                                      {false, "{*Wireless*}", 1},
-                                      {false, "{Local*}", 0},
-                                      {false, "index:1", 1},
-                                      {false, "INDEX:1", 1},
-                                      {false, "index:9", 0},
-                                      {false, "1394 Connection (Disabled)", 0},
-                                      {true, "1394 Connection (Disabled)", 2},
-                                      {true, "{1394*}", 2}}},
-                      MachineChoices{"win2k-pro",
-                                     {{false, "3Com EtherLink XL 90XB/C Adapter Driver", 1},
-                                      {false, "{3Com*}", 0}}},
-                      MachineChoices{"win2003-server",
-                                     {{true, "index:1", 1}, {false, "index:1", 0}}},
-                      MachineChoices{"xp-no-network", {{true, "index:0", -1}}}),
-    [](const ::testing::TestParamInfo<MachineChoices>& info) {
-        std::string name = info.param.Machine;
-        for (char& c : name)
-            if (c == '-') c = '_';
-        return name;
-    });
 
 TEST_F(NetConfig2KTest, WithoutAdaptersTheProfileSaysSo) {
     Load("xp-no-network");
@@ -407,6 +311,118 @@ TEST_F(NetConfig2KTest, WithoutAdaptersTheProfileSaysSo) {
     EXPECT_STREQ("No Adapters Installed", value);
     GetPrivateProfileStringA("Network", "IPAddress", "", value, sizeof value, file.c_str());
     EXPECT_STREQ("0.0.0.0", value);
+}
+
+// Each key of a profile section in file order, as "key=value".
+Strings SectionLines(const std::string& astrFile, const char* astrSection) {
+    std::vector<char> buffer(8192);
+    const DWORD length = GetPrivateProfileSectionA(
+        astrSection, buffer.data(), static_cast<DWORD>(buffer.size()), astrFile.c_str());
+    Strings lines;
+    for (const char* line = buffer.data(); line < buffer.data() + length && *line;
+         line += strlen(line) + 1)
+        lines.push_back(line);
+    return lines;
+}
+
+TEST_F(NetConfig2KTest, SavesEveryKeyUnderItsNameInItsOrder) {
+    Load("xp-laptop");
+    auto config = Capture();
+    config->Assign(&NetRecord::NTDomainUserName, "jsmith");
+    config->Assign(&NetRecord::LMHostFile, "C:\\lmhosts");  // read from profiles, never written
+    const std::string file = TempProfile("golden.rwz");
+    config->SaveConfigurationfile(file);
+    const std::string account = "NTDomainUserName=" + SectionLines(file, "Network")[7].substr(17);
+    EXPECT_NE("NTDomainUserName=jsmith", account);  // scrambled
+    EXPECT_EQ((Strings{"Adapter=Local Area Connection",
+                       "IPAddress=192.168.101.5,192.168.101.6",
+                       "IPMask=255.255.255.0,255.255.255.0",
+                       "DefaultGateway=192.168.101.1",
+                       "NameServer=192.168.101.2,192.168.101.3",
+                       "HostName=laptop1",
+                       "Domain=",
+                       account,
+                       "NTDomainPassword=",
+                       "SearchList=",
+                       "NameServer1=192.168.101.4",
+                       "NameServer2=192.168.101.7",
+                       "ScopeID=",
+                       "EnableDNS=1",
+                       "ComputerName=LAPTOP1",
+                       "ComputerDescription=Field laptop",
+                       "Workgroup=WORKGROUP",
+                       "NTLogon=0",
+                       "NTDomain=",
+                       "DHCP=0",
+                       "WINS=0"}),
+              SectionLines(file, "Network"));
+    EXPECT_EQ((Strings{"DefaultPrinter=HP LaserJet 4050 Series PCL", "AdvancedSettingsEnabled=0",
+                       "PrinterPort=IP_192.168.101.20", "PrinterCaptureDevice=",
+                       "PrinterCapturePath=", "ReConnectAtLogon=0", "EnableDefaultPrinter=1"}),
+              SectionLines(file, "Printer"));
+}
+
+// --- Changed flags -------------------------------------------------------------------
+
+struct FlagCase {
+    NetText Text;
+    NetFlag Flag;
+    std::set<NetSetting> Flagged;
+    bool Restart;
+};
+
+TEST_F(NetConfig2KTest, EveryAssignmentFlagsItsSetting) {
+    using N = NetRecord;
+    using S = NetSetting;
+    const FlagCase cases[] = {
+        {&N::DefaultGateway, nullptr, {S::DefaultGateway}, false},
+        {&N::DefaultPrinter, nullptr, {S::DefaultPrinter}, false},
+        {&N::PrinterPort, nullptr, {S::AdvPrinterSettings}, false},
+        {&N::PrinterCaptureDev, nullptr, {S::AdvPrinterSettings}, false},
+        {&N::PrinterCapturePath, nullptr, {S::AdvPrinterSettings}, false},
+        {nullptr, &N::PrinterCaptureReconnect, {S::AdvPrinterSettings}, false},
+        {nullptr, &N::NTLogonEnabled, {S::NTLogon}, false},
+        {&N::NTDomain, nullptr, {S::NTDomain}, false},
+        {&N::DomainName, nullptr, {S::Domain}, false},
+        {&N::Host, nullptr, {S::Host}, false},
+        {&N::LMHostFile, nullptr, {S::LMHostFile}, false},
+        {&N::DNSServers, nullptr, {S::DNSServers}, false},
+        {&N::WINSServer1, nullptr, {S::WINSServer1}, false},
+        {&N::WINSServer2, nullptr, {S::WINSServer2}, false},
+        {&N::ScopeID, nullptr, {S::ScopeID}, false},
+        {&N::SearchList, nullptr, {S::SearchList}, false},
+        {nullptr, &N::DNSEnabled, {S::DNSEnabled}, false},
+        {nullptr, &N::DHCPEnabled, {S::DHCPEnabled}, true},
+        {&N::ComputerName, nullptr, {S::ComputerName}, false},
+        {&N::ComputerDescription, nullptr, {S::ComputerDescription}, false},
+        {&N::Workgroup, nullptr, {S::Workgroup}, false},
+        {nullptr,
+         &N::WINSEnabled,
+         {S::WINSEnabled, S::WINSServer1, S::WINSServer2, S::ScopeID},
+         true},
+        {&N::IPAddress, nullptr, {S::IPAddress}, false},
+        {&N::IPMask, nullptr, {S::IPMask}, false},
+        {&N::NTDomainUserName, nullptr, {}, false},
+        {&N::NTDomainPassword, nullptr, {}, false},
+        {nullptr, &N::EnableDefaultPrinter, {}, false},
+        {nullptr, &N::EnableAdvPrinterSettings, {}, false},
+        {nullptr, &N::DisablePWDCache, {}, false},  // not on this system
+        {nullptr, &N::QuickLogon, {}, false},
+    };
+    Load("xp-laptop");
+    auto config = Capture();
+    for (const FlagCase& c : cases) {
+        config->ResetFlags();
+        // The same value as held: an assignment flags all the same.
+        if (c.Text) config->Assign(c.Text, config->Record().*c.Text);
+        if (c.Flag) config->Assign(c.Flag, true);
+        std::set<NetSetting> flagged;
+        for (int i = 0; i < static_cast<int>(S::Count); ++i)
+            if (config->IsChanged(static_cast<S>(i))) flagged.insert(static_cast<S>(i));
+        EXPECT_EQ(c.Flagged, flagged) << &c - cases;
+        EXPECT_EQ(c.Restart, config->Record().ResetRequired) << &c - cases;
+    }
+    EXPECT_FALSE(config->Record().DisablePWDCache);
 }
 
 // --- Apply: what is written, and nothing else --------------------------------------------
@@ -433,7 +449,7 @@ TEST_P(NetConfig2KApplyOne, WritesTheFlaggedSettingOnly) {
     for (const std::string& name : Changed(wirelessBefore, WritableValues(kLaptopWireless)))
         EXPECT_TRUE(GetParam().Written.count(name)) << name;
     EXPECT_EQ(GetParam().Calls, mServices.Functions());
-    EXPECT_FALSE(config->ResetRequired());
+    EXPECT_FALSE(config->Record().ResetRequired);
 }
 
 const Strings kTwoPushes = {"DhcpNotifyConfigChange", "DhcpNotifyConfigChange"};
@@ -445,119 +461,88 @@ INSTANTIATE_TEST_SUITE_P(
         SettingCase{"Nothing", [](clsNetConfig2K&) {}, {}, {}},
         SettingCase{"IPAddress",
                     [](clsNetConfig2K& c) {
-                        c.SetIPAddress(NulList({"10.0.0.5", "10.0.0.6"}));
+                        c.Assign(&NetRecord::IPAddress, NulList({"10.0.0.5", "10.0.0.6"}));
                     },
                     {"IPAddress"},
                     kTwoPushes},
         SettingCase{"IPMask",
                     [](clsNetConfig2K& c) {
-                        c.SetIPMask(NulList({"255.0.0.0", "255.255.0.0"}));
+                        c.Assign(&NetRecord::IPMask, NulList({"255.0.0.0", "255.255.0.0"}));
                     },
                     {"SubnetMask"},
                     kTwoPushes},
-        SettingCase{"DefaultGateway",
-                    [](clsNetConfig2K& c) { c.SetDefaultGateway("10.0.0.1,10.0.0.254"); },
-                    {"DefaultGateway"},
+        SettingCase{
+            "DefaultGateway",
+            [](clsNetConfig2K& c) { c.Assign(&NetRecord::DefaultGateway, "10.0.0.1,10.0.0.254"); },
+            {"DefaultGateway"},
+            {}},
+        SettingCase{"DHCPEnabled",
+                    [](clsNetConfig2K& c) { c.Assign(&NetRecord::DHCPEnabled, true); },
+                    {"EnableDHCP"},
                     {}},
         SettingCase{
-            "DHCPEnabled", [](clsNetConfig2K& c) { c.SetDHCPEnabled(true); }, {"EnableDHCP"}, {}},
-        SettingCase{"DNSServers",
-                    [](clsNetConfig2K& c) { c.SetDNSServers("10.0.0.2,10.0.0.3"); },
-                    {"NameServer"},
-                    {}},
+            "DNSServers",
+            [](clsNetConfig2K& c) { c.Assign(&NetRecord::DNSServers, "10.0.0.2,10.0.0.3"); },
+            {"NameServer"},
+            {}},
         SettingCase{"WINSServer2",
-                    [](clsNetConfig2K& c) { c.SetWINSServer2("10.0.0.9"); },
+                    [](clsNetConfig2K& c) { c.Assign(&NetRecord::WINSServer2, "10.0.0.9"); },
                     {"NameServerList"},
                     {}},
-        SettingCase{"ScopeID", [](clsNetConfig2K& c) { c.SetScopeID("SCOPE"); }, {"ScopeID"}, {}},
+        SettingCase{"ScopeID",
+                    [](clsNetConfig2K& c) { c.Assign(&NetRecord::ScopeID, "SCOPE"); },
+                    {"ScopeID"},
+                    {}},
         SettingCase{"SearchList",
-                    [](clsNetConfig2K& c) { c.SetSearchList("a.lan,b.lan"); },
+                    [](clsNetConfig2K& c) { c.Assign(&NetRecord::SearchList, "a.lan,b.lan"); },
                     {"SearchList"},
                     {}},
         SettingCase{"ComputerName",
-                    [](clsNetConfig2K& c) { c.SetComputerName("ROAMER"); },
+                    [](clsNetConfig2K& c) { c.Assign(&NetRecord::ComputerName, "ROAMER"); },
                     {"ComputerName"},
                     {}},
         // The system derives the NetBIOS name from the physical DNS host name.
         SettingCase{"Host",
-                    [](clsNetConfig2K& c) { c.SetHost("roamer"); },
+                    [](clsNetConfig2K& c) { c.Assign(&NetRecord::Host, "roamer"); },
                     {"Hostname", "ComputerName"},
                     {"SetComputerNameExA"}},
         SettingCase{"DomainName",
-                    [](clsNetConfig2K& c) { c.SetDomainName("office.lan"); },
+                    [](clsNetConfig2K& c) { c.Assign(&NetRecord::DomainName, "office.lan"); },
                     {"Domain"},
                     {"SetComputerNameExA"}},
-        SettingCase{"ComputerDescription",
-                    [](clsNetConfig2K& c) { c.SetComputerDescription("Spare laptop"); },
+        SettingCase{
+            "ComputerDescription",
+            [](clsNetConfig2K& c) { c.Assign(&NetRecord::ComputerDescription, "Spare laptop"); },
+            {},
+            {"NetServerSetInfo"}},
+        SettingCase{"Workgroup",
+                    [](clsNetConfig2K& c) { c.Assign(&NetRecord::Workgroup, "HOME"); },
                     {},
-                    {"NetServerSetInfo"}},
-        SettingCase{"Workgroup", [](clsNetConfig2K& c) { c.SetWorkgroup("HOME"); }, {}, kJoin},
+                    kJoin},
         SettingCase{"NTDomain",
                     [](clsNetConfig2K& c) {
-                        c.SetNTLogonEnabled(true);
-                        c.SetNTDomain("NORTHWIND");
-                        c.SetWorkgroup("");  // ignored while joining a domain
+                        c.Assign(&NetRecord::NTLogonEnabled, true);
+                        c.Assign(&NetRecord::NTDomain, "NORTHWIND");
+                        c.Assign(&NetRecord::Workgroup, "");  // ignored while joining a domain
                     },
                     {},
                     kJoin},
         SettingCase{"DefaultPrinter",
-                    [](clsNetConfig2K& c) { c.SetDefaultPrinter("EPSON Stylus C84 Series"); },
+                    [](clsNetConfig2K& c) {
+                        c.Assign(&NetRecord::DefaultPrinter, "EPSON Stylus C84 Series");
+                    },
                     {"Device"},
                     {}},
         SettingCase{"SettingsWithoutEffect",
                     [](clsNetConfig2K& c) {
-                        c.SetLMHostFile("C:\\lmhosts");
-                        c.SetDNSEnabled(false);
-                        c.SetNTLogonEnabled(false);
-                        c.SetPrinterPort("LPT2:");
+                        c.Assign(&NetRecord::LMHostFile, "C:\\lmhosts");
+                        c.Assign(&NetRecord::DNSEnabled, false);
+                        c.Assign(&NetRecord::NTLogonEnabled, false);
+                        c.Assign(&NetRecord::PrinterPort, "LPT2:");
                     },
                     {},
                     {}}),
     [](const ::testing::TestParamInfo<SettingCase>& info) { return std::string(info.param.Name); });
-
-TEST_F(NetConfig2KTest, WritesAddressListsAsMultiStringsAndPushesEachAddressOnce) {
-    Load("xp-laptop");
-    auto config = Capture();
-    config->SetIPAddress(NulList({"10.0.0.5", "10.0.0.6"}));
-    config->SetIPMask(NulList({"255.255.255.0", "255.255.0.0"}));
-    config->SetDefaultGateway("10.0.0.1,10.0.0.254");
-    EXPECT_TRUE(Apply(*config).empty());
-
-    const StoredValue address =
-        ReadStored(HKEY_LOCAL_MACHINE, InterfaceKey(kLaptopWired), "IPAddress");
-    EXPECT_EQ(static_cast<DWORD>(REG_MULTI_SZ), address.Type);
-    EXPECT_EQ((Strings{"10.0.0.5", "10.0.0.6"}), address.Entries());
-    const StoredValue mask =
-        ReadStored(HKEY_LOCAL_MACHINE, InterfaceKey(kLaptopWired), "SubnetMask");
-    EXPECT_EQ(static_cast<DWORD>(REG_MULTI_SZ), mask.Type);
-    EXPECT_EQ((Strings{"255.255.255.0", "255.255.0.0"}), mask.Entries());
-    const StoredValue gateway =
-        ReadStored(HKEY_LOCAL_MACHINE, InterfaceKey(kLaptopWired), "DefaultGateway");
-    EXPECT_EQ(static_cast<DWORD>(REG_MULTI_SZ), gateway.Type);
-    EXPECT_EQ((Strings{"10.0.0.1", "10.0.0.254"}), gateway.Entries());
-
-    // Addresses and masks changed together: one push, one call per address.
-    const auto pushes = mServices.Calls("DhcpNotifyConfigChange");
-    ASSERT_EQ(2u, pushes.size());
-    for (size_t i = 0; i < 2; ++i) {
-        EXPECT_EQ("", pushes[i]["server"]);
-        EXPECT_EQ(kLaptopWired, pushes[i]["adapter"]);
-        EXPECT_EQ("1", pushes[i]["new"]);
-        EXPECT_EQ(std::to_string(i), pushes[i]["index"]);
-        EXPECT_EQ("0", pushes[i]["action"]);
-    }
-    EXPECT_EQ("10.0.0.5", pushes[0]["address"]);
-    EXPECT_EQ("255.255.255.0", pushes[0]["mask"]);
-    EXPECT_EQ("10.0.0.6", pushes[1]["address"]);
-    EXPECT_EQ("255.255.0.0", pushes[1]["mask"]);
-
-    // A later apply pushes again.
-    mServices.ClearCalls();
-    config->SetIPAddress(NulList({"10.0.0.7"}));
-    Apply(*config);
-    ASSERT_EQ(1u, mServices.Calls("DhcpNotifyConfigChange").size());
-    EXPECT_EQ("10.0.0.7", mServices.Calls("DhcpNotifyConfigChange")[0]["address"]);
-}
 
 struct AddressCase {
     const char* Name;
@@ -573,9 +558,9 @@ TEST_P(NetConfig2KAddresses, BadListsAreWrittenCleanAndTheApplyGoesOn) {
     const AddressCase& x = GetParam();
     Load("xp-laptop");
     auto config = Capture();
-    config->SetIPAddress(x.Addresses);
-    config->SetIPMask(x.Masks);
-    config->SetSearchList("after.lan");
+    config->Assign(&NetRecord::IPAddress, x.Addresses);
+    config->Assign(&NetRecord::IPMask, x.Masks);
+    config->Assign(&NetRecord::SearchList, "after.lan");
     EXPECT_TRUE(Apply(*config).empty());
     EXPECT_EQ(x.WrittenAddresses,
               ReadStored(HKEY_LOCAL_MACHINE, InterfaceKey(kLaptopWired), "IPAddress").Entries());
@@ -616,22 +601,16 @@ INSTANTIATE_TEST_SUITE_P(
                                   "",
                                   {"10.0.0.5", "10.0.0.6"},
                                   {"0.0.0.0"},
-                                  {}},
-                      AddressCase{"NotAnAddress",
-                                  NulList({"10.0.0.5", "ten.0.0.6"}),
-                                  NulList({"255.0.0.0", "255.0.0.0"}),
-                                  {"10.0.0.5", "ten.0.0.6"},
-                                  {"255.0.0.0", "255.0.0.0"},
-                                  {"0:10.0.0.5/255.0.0.0"}}),
+                                  {}}),
     [](const ::testing::TestParamInfo<AddressCase>& info) { return std::string(info.param.Name); });
 
 TEST_F(NetConfig2KTest, WritesDhcpNameServersAndWinsInTheirForms) {
     Load("xp-laptop");
     auto config = Capture();
-    config->SetDHCPEnabled(true);
-    config->SetDNSServers("10.0.0.2,10.0.0.3");
-    config->SetWINSServer1("");
-    config->SetWINSServer2("10.0.0.9");
+    config->Assign(&NetRecord::DHCPEnabled, true);
+    config->Assign(&NetRecord::DNSServers, "10.0.0.2,10.0.0.3");
+    config->Assign(&NetRecord::WINSServer1, "");
+    config->Assign(&NetRecord::WINSServer2, "10.0.0.9");
     EXPECT_TRUE(Apply(*config).empty());
 
     const StoredValue dhcp =
@@ -660,13 +639,13 @@ TEST_F(NetConfig2KTest, SwitchingWinsWritesTheServersAndTheScopeOfTheRecord) {
     config->LoadConfigurationFile(file);
     EXPECT_FALSE(config->IsChanged(NetSetting::WINSServer1));
 
-    config->SetWINSEnabled(true);
-    EXPECT_TRUE(config->ResetRequired());
+    config->Assign(&NetRecord::WINSEnabled, true);
+    EXPECT_TRUE(config->Record().ResetRequired);
     EXPECT_TRUE(config->IsChanged(NetSetting::WINSServer1));
     EXPECT_TRUE(config->IsChanged(NetSetting::WINSServer2));
     EXPECT_TRUE(config->IsChanged(NetSetting::ScopeID));
     EXPECT_TRUE(Apply(*config).empty());
-    EXPECT_FALSE(config->ResetRequired());
+    EXPECT_FALSE(config->Record().ResetRequired);
     EXPECT_EQ((Strings{"10.9.9.1", "10.9.9.2"}),
               ReadStored(HKEY_LOCAL_MACHINE, NetBTInterfaceKey(kLaptopWired), "NameServerList")
                   .Entries());
@@ -676,32 +655,14 @@ TEST_F(NetConfig2KTest, SwitchingWinsWritesTheServersAndTheScopeOfTheRecord) {
 TEST_F(NetConfig2KTest, OnlyDhcpAndWinsChangesNeedARestart) {
     Load("xp-laptop");
     auto config = Capture();
-    config->SetIPAddress("10.0.0.5");
-    config->SetComputerName("ROAMER");
-    EXPECT_FALSE(config->ResetRequired());
-    config->SetDHCPEnabled(false);  // also when the value stays
-    EXPECT_TRUE(config->ResetRequired());
+    config->Assign(&NetRecord::IPAddress, "10.0.0.5");
+    config->Assign(&NetRecord::ComputerName, "ROAMER");
+    EXPECT_FALSE(config->Record().ResetRequired);
+    config->Assign(&NetRecord::DHCPEnabled, false);  // also when the value stays
+    EXPECT_TRUE(config->Record().ResetRequired);
     config->ResetFlags();
-    EXPECT_FALSE(config->ResetRequired());
+    EXPECT_FALSE(config->Record().ResetRequired);
     EXPECT_FALSE(config->IsChanged(NetSetting::IPAddress));
-}
-
-TEST_F(NetConfig2KTest, AppliesToTheAdapterTheProfileChose) {
-    Load("xp-laptop");
-    auto config = Capture();
-    const std::string file = TempProfile("wireless.rwz");
-    WritePrivateProfileStringA("Network", "Adapter", "{*Wireless*}", file.c_str());
-    WritePrivateProfileStringA("Network", "IPAddress", "10.0.0.23", file.c_str());
-    WritePrivateProfileStringA("Network", "IPMask", "255.255.255.0", file.c_str());
-    config->LoadConfigurationFile(file);
-    const auto wiredBefore = WritableValues(kLaptopWired);
-    config->SetIPAddress(config->IPAddress());
-    EXPECT_TRUE(Apply(*config).empty());
-    EXPECT_EQ(Strings{"10.0.0.23"},
-              ReadStored(HKEY_LOCAL_MACHINE, InterfaceKey(kLaptopWireless), "IPAddress").Entries());
-    EXPECT_TRUE(Changed(wiredBefore, WritableValues(kLaptopWired)).empty());
-    ASSERT_EQ(1u, mServices.Calls("DhcpNotifyConfigChange").size());
-    EXPECT_EQ(kLaptopWireless, mServices.Calls("DhcpNotifyConfigChange")[0]["adapter"]);
 }
 
 TEST_F(NetConfig2KTest, WithoutAnAdapterOrItsKeyTheAdapterSettingsArePassedOver) {
@@ -711,10 +672,10 @@ TEST_F(NetConfig2KTest, WithoutAnAdapterOrItsKeyTheAdapterSettingsArePassedOver)
         RawDeleteTree(HKEY_LOCAL_MACHINE, InterfaceKey(kLaptopWired));
         auto config = Capture();
         mServices.ClearCalls();
-        config->SetIPAddress("10.0.0.5");
-        config->SetDHCPEnabled(true);
-        config->SetDefaultGateway("10.0.0.1");
-        config->SetSearchList("after.lan");
+        config->Assign(&NetRecord::IPAddress, "10.0.0.5");
+        config->Assign(&NetRecord::DHCPEnabled, true);
+        config->Assign(&NetRecord::DefaultGateway, "10.0.0.1");
+        config->Assign(&NetRecord::SearchList, "after.lan");
         EXPECT_TRUE(Apply(*config).empty());
         HKEY key = nullptr;
         EXPECT_NE(ERROR_SUCCESS,
@@ -738,26 +699,26 @@ TEST_F(NetConfig2KTest, WithoutAnAdapterOrItsKeyTheAdapterSettingsArePassedOver)
 TEST_F(NetConfig2KTest, AppliesInTheFixedOrderAndLogsWhatItDid) {
     Load("xp-laptop");
     auto config = Capture();
-    config->SetSearchList("a.lan");
-    config->SetDNSEnabled(true);
-    config->SetScopeID("");
-    config->SetWINSServer2("10.0.0.9");
-    config->SetWINSServer1("10.0.0.8");
-    config->SetWINSEnabled(true);
-    config->SetDNSServers("10.0.0.2");
-    config->SetLMHostFile("");
-    config->SetIPMask("255.0.0.0");
-    config->SetIPAddress("10.0.0.5");
-    config->SetDefaultGateway("10.0.0.1");
-    config->SetDHCPEnabled(false);
-    config->SetHost("roamer");
-    config->SetDomainName("office.lan");
-    config->SetWorkgroup("HOME");
-    config->SetNTDomain("NORTHWIND");
-    config->SetNTLogonEnabled(false);
-    config->SetComputerDescription("Spare");
-    config->SetComputerName("ROAMER");
-    config->SetDefaultPrinter("EPSON Stylus C84 Series");
+    config->Assign(&NetRecord::SearchList, "a.lan");
+    config->Assign(&NetRecord::DNSEnabled, true);
+    config->Assign(&NetRecord::ScopeID, "");
+    config->Assign(&NetRecord::WINSServer2, "10.0.0.9");
+    config->Assign(&NetRecord::WINSServer1, "10.0.0.8");
+    config->Assign(&NetRecord::WINSEnabled, true);
+    config->Assign(&NetRecord::DNSServers, "10.0.0.2");
+    config->Assign(&NetRecord::LMHostFile, "");
+    config->Assign(&NetRecord::IPMask, "255.0.0.0");
+    config->Assign(&NetRecord::IPAddress, "10.0.0.5");
+    config->Assign(&NetRecord::DefaultGateway, "10.0.0.1");
+    config->Assign(&NetRecord::DHCPEnabled, false);
+    config->Assign(&NetRecord::Host, "roamer");
+    config->Assign(&NetRecord::DomainName, "office.lan");
+    config->Assign(&NetRecord::Workgroup, "HOME");
+    config->Assign(&NetRecord::NTDomain, "NORTHWIND");
+    config->Assign(&NetRecord::NTLogonEnabled, false);
+    config->Assign(&NetRecord::ComputerDescription, "Spare");
+    config->Assign(&NetRecord::ComputerName, "ROAMER");
+    config->Assign(&NetRecord::DefaultPrinter, "EPSON Stylus C84 Series");
     LogWatch log;
     EXPECT_TRUE(Apply(*config).empty());
 
@@ -802,20 +763,6 @@ TEST_F(NetConfig2KTest, AppliesInTheFixedOrderAndLogsWhatItDid) {
     EXPECT_EQ("5", names[1]["type"]);
 }
 
-TEST_F(NetConfig2KTest, LogsTheAdapterKeysItReads) {
-    Load("xp-laptop");
-    LogWatch log;
-    auto config = Capture();
-    EXPECT_TRUE(log.Contains("clsNetConfig2K - Initialize"));
-    EXPECT_TRUE(log.Contains("clsNetConfig2K - getDNSServers for " + std::string(kLaptopWired)));
-    EXPECT_TRUE(
-        log.Contains("clsNetConfig2K - getWINSServer1; Key = \\HKEY_LOCAL_MACHINE\\SYSTEM\\"
-                     "CurrentControlSet\\Services\\NetBT\\Parameters\\Interfaces\\Tcpip_" +
-                     std::string(kLaptopWired)));
-    config.reset();
-    EXPECT_TRUE(log.Contains("clsNetConfig2K - Terminate"));
-}
-
 // --- Membership and description ----------------------------------------------------------
 
 struct JoinCase {
@@ -834,18 +781,18 @@ TEST_P(NetConfig2KJoin, JoinsOrShowsTheRefusal) {
     Load("xp-laptop");
     auto config = Capture();
     mServices.Answer("NetUnjoinDomain", {x.Unjoin}).Answer("NetJoinDomain", {x.Join});
-    config->SetNTLogonEnabled(x.Domain);
+    config->Assign(&NetRecord::NTLogonEnabled, x.Domain);
     if (x.Domain) {
-        config->SetNTDomain("NORTHWIND");
-        config->SetNTDomainUserName(x.User);
-        config->SetNTDomainPassword("pa55");
+        config->Assign(&NetRecord::NTDomain, "NORTHWIND");
+        config->Assign(&NetRecord::NTDomainUserName, x.User);
+        config->Assign(&NetRecord::NTDomainPassword, "pa55");
     } else {
-        config->SetWorkgroup("HOME");
+        config->Assign(&NetRecord::Workgroup, "HOME");
     }
     // Both are flagged, as the tab flags both; only one of them acts.
-    config->SetNTDomain(config->NTDomain());
-    config->SetWorkgroup(config->Workgroup());
-    config->SetSearchList("after.lan");
+    config->Assign(&NetRecord::NTDomain, config->Record().NTDomain);
+    config->Assign(&NetRecord::Workgroup, config->Record().Workgroup);
+    config->Assign(&NetRecord::SearchList, "after.lan");
     const Strings boxes = Apply(*config);
 
     EXPECT_EQ(x.Calls, mServices.Functions());
@@ -947,7 +894,7 @@ TEST_F(NetConfig2KTest, TheDescriptionGoesToTheServerServiceWithItsRefusalShown)
         {BoxText({kDescriptionError, "Access denied (check your User Name and Password)."})},
         {BoxText({kDescriptionError, "Undefined Error (2351)."})}};
     for (const Strings& boxes : expected) {
-        config->SetComputerDescription("Spare laptop");
+        config->Assign(&NetRecord::ComputerDescription, "Spare laptop");
         EXPECT_EQ(boxes, Apply(*config));
     }
     const auto calls = mServices.Calls("NetServerSetInfo");
@@ -983,22 +930,22 @@ TEST(NetResultText, HasATextForEveryKnownCode) {
 TEST_F(NetConfig2KTest, TheDefaultPrinterIsSetThroughTheWindowsSection) {
     Load("xp-laptop");
     auto config = Capture();
-    config->SetDefaultPrinter("EPSON Stylus C84 Series");
+    config->Assign(&NetRecord::DefaultPrinter, "EPSON Stylus C84 Series");
     config->GetAdvPrinterSettings();
-    EXPECT_EQ("USB001", config->PrinterPort());
+    EXPECT_EQ("USB001", config->Record().PrinterPort);
     EXPECT_TRUE(Apply(*config).empty());
     const std::string windows = "Software\\Microsoft\\Windows NT\\CurrentVersion\\Windows";
     EXPECT_EQ("EPSON Stylus C84 Series,winspool,Ne01:",
               ReadStored(HKEY_CURRENT_USER, windows, "Device").Text());
-    EXPECT_EQ("EPSON Stylus C84 Series", Capture()->DefaultPrinter());
+    EXPECT_EQ("EPSON Stylus C84 Series", Capture()->Record().DefaultPrinter);
 
     // Not when the profile leaves the default printer alone, nor for a printer
     // without a driver and port.
-    config->SetEnableDefaultPrinter(false);
-    config->SetDefaultPrinter("HP LaserJet 4050 Series PCL");
+    config->Assign(&NetRecord::EnableDefaultPrinter, false);
+    config->Assign(&NetRecord::DefaultPrinter, "HP LaserJet 4050 Series PCL");
     Apply(*config);
-    config->SetEnableDefaultPrinter(true);
-    config->SetDefaultPrinter("Gone Printer");
+    config->Assign(&NetRecord::EnableDefaultPrinter, true);
+    config->Assign(&NetRecord::DefaultPrinter, "Gone Printer");
     Apply(*config);
     EXPECT_EQ("EPSON Stylus C84 Series,winspool,Ne01:",
               ReadStored(HKEY_CURRENT_USER, windows, "Device").Text());

@@ -1,216 +1,105 @@
 #include "network/TestNetConfig.h"
 
-#include <algorithm>
-
-#include "platform/modUtilities.h"
+#include "platform/modRegistry.h"
 
 namespace rwz::test {
 
+namespace {
+
+using R = NetRecord;
 using S = NetSetting;
+using K = ValueKind;
 
-NetConfigParticulars Particulars2K() {
-    NetConfigParticulars p;
-    p.ClassName = "clsNetConfig2K";
-    p.DomainAccount = true;
-    p.NulSeparatedAddresses = true;
-    p.ApplyOrder = {S::ComputerName,   S::ComputerDescription,
-                    S::NTLogon,        S::NTDomain,
-                    S::Workgroup,      S::Domain,
-                    S::Host,           S::DHCPEnabled,
-                    S::DefaultGateway, S::IPAddress,
-                    S::IPMask,         S::LMHostFile,
-                    S::DNSServers,     S::WINSEnabled,
-                    S::WINSServer1,    S::WINSServer2,
-                    S::ScopeID,        S::SearchList,
-                    S::DNSEnabled,     S::DefaultPrinter};
-    return p;
+const std::string kAdapters = std::string(kTestNetKey) + "\\Adapters\\";
+
+RegistryPlace Machine(const char* astrName) {
+    return {kTestNetKey, astrName, kRegString, false};
+}
+RegistryPlace Adapter(const char* astrName, int aintType = kRegString) {
+    static const std::string key = kAdapters;
+    return {key.c_str(), astrName, aintType, true};
 }
 
-NetConfigParticulars ParticularsNT() {
-    NetConfigParticulars p;
-    p.ClassName = "clsNetConfigNT";
-    p.ApplyOrder = {S::ComputerName,   S::ComputerDescription, S::Domain,
-                    S::Host,           S::IPAddress,           S::IPMask,
-                    S::LMHostFile,     S::DNSServers,          S::WINSEnabled,
-                    S::WINSServer1,    S::WINSServer2,         S::ScopeID,
-                    S::SearchList,     S::DNSEnabled,          S::DHCPEnabled,
-                    S::DefaultPrinter, S::DefaultGateway};
-    return p;
+NetConfigParticulars TestParticulars() {
+    NetConfigParticulars particulars;
+    particulars.ClassName = "TestNetConfig";
+    particulars.DomainAccount = true;
+    particulars.NulSeparatedAddresses = true;
+    particulars.Rows = {
+        TextRow("ComputerName", S::ComputerName, &R::ComputerName, K::Text, Machine("Computer")),
+        TextRow("ComputerDescription", S::ComputerDescription, &R::ComputerDescription, K::Text,
+                Machine("Description")),
+        FlagRow("NTLogon", S::NTLogon, &R::NTLogonEnabled, Machine("NTLogon")),
+        TextRow("NTDomain", S::NTDomain, &R::NTDomain, K::Text, Machine("NTDomain")),
+        TextRow("Workgroup", S::Workgroup, &R::Workgroup, K::Text, Machine("Workgroup")),
+        TextRow("Domain", S::Domain, &R::DomainName, K::Text, Machine("Domain")),
+        TextRow("Host", S::Host, &R::Host, K::Text, Machine("Host")),
+        FlagRow("DHCPEnabled", S::DHCPEnabled, &R::DHCPEnabled, Adapter("DHCP", kRegDword)),
+        TextRow("DefaultGateway", S::DefaultGateway, &R::DefaultGateway, K::List,
+                Adapter("Gateway")),
+        TextRow("IPAddress", S::IPAddress, &R::IPAddress, K::AddressList,
+                Adapter("IPAddress", kRegMultiString)),
+        TextRow("IPMask", S::IPMask, &R::IPMask, K::AddressList,
+                Adapter("IPMask", kRegMultiString)),
+        TextRow("LMHostFile", S::LMHostFile, &R::LMHostFile, K::Text, Machine("LMHostFile")),
+        TextRow("DNSServers", S::DNSServers, &R::DNSServers, K::Text, Adapter("DNS")),
+        FlagRow("WINSEnabled", S::WINSEnabled, &R::WINSEnabled, Machine("WINS")),
+        TextRow("WINSServer1", S::WINSServer1, &R::WINSServer1, K::Text, Adapter("WINS1")),
+        TextRow("WINSServer2", S::WINSServer2, &R::WINSServer2, K::Text, Adapter("WINS2")),
+        TextRow("ScopeID", S::ScopeID, &R::ScopeID, K::Text, Machine("ScopeID")),
+        TextRow("SearchList", S::SearchList, &R::SearchList, K::Text, Machine("SearchList")),
+        FlagRow("DNSEnabled", S::DNSEnabled, &R::DNSEnabled, Machine("DNSEnabled")),
+        TextRow("DefaultPrinter", S::DefaultPrinter, &R::DefaultPrinter, K::Text,
+                Machine("DefaultPrinter")),
+        Applied(TextRow("PrinterList", S::PrinterList, nullptr, K::Text, {},
+                        Op(&TestNetConfig::ReadPrinters)),
+                NetApply::Never),
+        TextRow("AdvPrinterSettings", S::AdvPrinterSettings, &R::PrinterPort, K::Text,
+                Machine("PrinterPort")),
+    };
+    return particulars;
 }
 
-NetConfigParticulars Particulars9x() {
-    NetConfigParticulars p;
-    p.ClassName = "clsNetConfig9x";
-    p.LogonOptions = true;
-    p.ApplyOrder = {S::ComputerName,
-                    S::ComputerDescription,
-                    S::Workgroup,
-                    S::Domain,
-                    S::Host,
-                    S::IPAddress,
-                    S::IPMask,
-                    S::LMHostFile,
-                    S::DNSServers,
-                    S::WINSEnabled,
-                    S::WINSServer1,
-                    S::WINSServer2,
-                    S::ScopeID,
-                    S::SearchList,
-                    S::DNSEnabled,
-                    S::DHCPEnabled,
-                    S::NTLogon,
-                    S::NTDomain,
-                    S::DefaultPrinter,
-                    S::DefaultGateway,
-                    S::DisablePWDCache,
-                    S::QuickLogon};
-    return p;
+}  // namespace
+
+TestNetConfig::TestNetConfig() : clsNetConfigBase(TestParticulars()) {}
+
+void TestNetConfig::Clear() {
+    reg::DeleteKey("\\HKEY_CURRENT_USER\\Software", "Roamwise Tests");
 }
 
-std::vector<std::string> TestNetConfig::CallsStartingWith(const std::string& prefix) const {
-    std::vector<std::string> result;
-    std::copy_if(Calls.begin(), Calls.end(), std::back_inserter(result),
-                 [&](const std::string& call) { return call.rfind(prefix, 0) == 0; });
-    return result;
-}
-
-void TestNetConfig::ResetFlags() {
-    Calls.push_back("ResetFlags");
-    clsNetConfigBase::ResetFlags();
-}
-
-const FakeAdapter* TestNetConfig::Current() const {
-    const std::string key = CurrentAdapterKey();
-    for (const FakeAdapter& adapter : Machine.Adapters) {
-        if (!key.empty() && adapter.Key == key) return &adapter;
+void TestNetConfig::Put(const std::string& astrName, const std::string& astrValue,
+                        const std::string& astrAdapter) {
+    const std::string key =
+        astrAdapter.empty() ? std::string(kTestNetKey) : kAdapters + astrAdapter;
+    if (astrValue.find('\0') == std::string::npos) {
+        reg::Write(key, astrName, kRegString, astrValue);
+        return;
     }
-    return nullptr;
-}
-
-void TestNetConfig::EnumerateAdapters(std::vector<std::string>& astrNames,
-                                      std::vector<std::string>& astrKeys) {
-    Calls.push_back("EnumerateAdapters");
-    for (const FakeAdapter& adapter : Machine.Adapters) {
-        astrNames.push_back(adapter.Name);
-        astrKeys.push_back(adapter.Key);
-    }
-}
-
-std::string TestNetConfig::EvaluateProfileValue(const std::string& astrValue) const {
-    if (ConditionTag.empty()) return clsNetConfigBase::EvaluateProfileValue(astrValue);
-    return EvaluateConditionFor(astrValue, ConditionTag, false, ConditionTag != "9x");
+    reg::Write(key, astrName, kRegMultiString, MultiStringBytes(ListEntries(astrValue)));
 }
 
 void TestNetConfig::OnAssigned(NetSetting aSetting) {
-    if (!mblnLike2K) return;
     if (aSetting == S::WINSEnabled) {
         MarkChanged(S::WINSServer1);
         MarkChanged(S::WINSServer2);
         MarkChanged(S::ScopeID);
-        mblnResetRequired = true;
+        mRecord.ResetRequired = true;
     } else if (aSetting == S::DHCPEnabled) {
-        mblnResetRequired = true;
+        mRecord.ResetRequired = true;
     }
 }
 
-// The Get operations copy from the machine; per-adapter values come from the
-// adapter at CurrentAdapter, or are empty without one.
+void TestNetConfig::EnumerateAdapters(std::vector<std::string>& astrNames,
+                                      std::vector<std::string>& astrKeys) {
+    for (const auto& [name, key] : Adapters) {
+        astrNames.push_back(name);
+        astrKeys.push_back(key);
+    }
+}
 
-void TestNetConfig::GetComputerName() {
-    Calls.push_back("GetComputerName");
-    mstrComputerName = Machine.ComputerName;
-}
-void TestNetConfig::GetComputerDescription() {
-    Calls.push_back("GetComputerDescription");
-    mstrComputerDescription = Machine.ComputerDescription;
-}
-void TestNetConfig::GetWorkgroup() {
-    Calls.push_back("GetWorkgroup");
-    mstrWorkgroup = Machine.Workgroup;
-}
-void TestNetConfig::GetDomain() {
-    Calls.push_back("GetDomain");
-    mstrDomainName = Machine.Domain;
-}
-void TestNetConfig::GetHost() {
-    Calls.push_back("GetHost");
-    mstrHost = Machine.Host;
-}
-void TestNetConfig::GetIPAddress() {
-    Calls.push_back("GetIPAddress");
-    mstrIPAddress = Current() ? Current()->IPAddress : "";
-}
-void TestNetConfig::GetIPMask() {
-    Calls.push_back("GetIPMask");
-    mstrIPMask = Current() ? Current()->IPMask : "";
-}
-void TestNetConfig::GetLMHostFile() {
-    Calls.push_back("GetLMHostFile");
-    mstrLMHostFile = Machine.LMHostFile;
-}
-void TestNetConfig::GetDNSServers() {
-    Calls.push_back("GetDNSServers");
-    mstrDNSServers = Current() ? Current()->DNSServers : "";
-}
-void TestNetConfig::GetWINSEnabled() {
-    Calls.push_back("GetWINSEnabled");
-    mblnWINSEnabled = !mstrWINSServer1.empty() || !mstrWINSServer2.empty();
-}
-void TestNetConfig::GetWINSServer1() {
-    Calls.push_back("GetWINSServer1");
-    mstrWINSServer1 = Current() ? Current()->WINSServer1 : "";
-}
-void TestNetConfig::GetWINSServer2() {
-    Calls.push_back("GetWINSServer2");
-    mstrWINSServer2 = Current() ? Current()->WINSServer2 : "";
-}
-void TestNetConfig::GetScopeID() {
-    Calls.push_back("GetScopeID");
-    mstrScopeID = Machine.ScopeID;
-}
-void TestNetConfig::GetSearchList() {
-    Calls.push_back("GetSearchList");
-    mstrSearchList = Machine.SearchList;
-}
-void TestNetConfig::GetDNSEnabled() {
-    Calls.push_back("GetDNSEnabled");
-    mblnDNSEnabled = Current() && !Current()->DNSServers.empty();
-}
-void TestNetConfig::GetDHCPEnabled() {
-    Calls.push_back("GetDHCPEnabled");
-    mblnDHCPEnabled = Current() && Current()->DHCPEnabled;
-}
-void TestNetConfig::GetNTLogon() {
-    Calls.push_back("GetNTLogon");
-    mblnNTLogonEnabled = Machine.NTLogon;
-}
-void TestNetConfig::GetNTDomain() {
-    Calls.push_back("GetNTDomain");
-    mstrNTDomain = Machine.NTDomain;
-}
-void TestNetConfig::GetDisablePWDCache() {
-    Calls.push_back("GetDisablePWDCache");
-    mblnDisablePWDCache = Machine.DisablePWDCache;
-}
-void TestNetConfig::GetDefaultPrinter() {
-    Calls.push_back("GetDefaultPrinter");
-    mstrDefaultPrinter = Machine.DefaultPrinter;
-}
-void TestNetConfig::GetPrinterList() {
-    Calls.push_back("GetPrinterList");
-    mastrPrinterList = Machine.Printers;
-}
-void TestNetConfig::GetDefaultGateway() {
-    Calls.push_back("GetDefaultGateway");
-    mstrDefaultGateway = Current() ? Current()->DefaultGateway : "";
-}
-void TestNetConfig::GetAdvPrinterSettings() {
-    Calls.push_back("GetAdvPrinterSettings");
-    mstrPrinterPort = Machine.PrinterPort;
-}
-void TestNetConfig::GetQuickLogon() {
-    Calls.push_back("GetQuickLogon");
-    mblnQuickLogon = Machine.QuickLogon;
+void TestNetConfig::ReadPrinters() {
+    mRecord.printerList = Printers;
 }
 
 }  // namespace rwz::test

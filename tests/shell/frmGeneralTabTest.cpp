@@ -25,45 +25,13 @@
 namespace rwz {
 namespace {
 
-using test::FakeAdapter;
 using test::TestNetConfig;
 using S = NetSetting;
 
 const std::string kTwoAddresses = std::string("192.168.101.5") + '\0' + "192.168.101.6";
 const std::string kTwoMasks = std::string("255.255.255.0") + '\0' + "255.255.0.0";
 
-// --- SplitIP, MergeIP, validation -------------------------------------------
-
-TEST(SplitIP, SplitsTrimsAndPads) {
-    struct Case {
-        std::string text, separator;
-        int minCount;
-        std::vector<std::string> expected;
-    } cases[] = {
-        {"1.1.1.1,2.2.2.2", "", 0, {"1.1.1.1", "2.2.2.2"}},
-        {"  1.1.1.1 ,  2.2.2.2  ", ",", 0, {"1.1.1.1", "2.2.2.2"}},
-        {"1.1.1.1", ",", 3, {"1.1.1.1", "", ""}},
-        {"", ",", 0, {""}},
-        {"", ",", 2, {"", ""}},
-        {"a,,b", ",", 0, {"a", "", "b"}},
-        {"aXbxc", "x", 0, {"a", "b", "c"}},  // the separator is found without case
-        {"a; b", "; ", 0, {"a", "b"}},
-    };
-    for (const Case& c : cases)
-        EXPECT_EQ(c.expected, SplitIP(c.text, c.separator, c.minCount)) << c.text;
-}
-
-TEST(MergeIP, JoinsAndDropsTrailingEmptyEntries) {
-    EXPECT_EQ("1.1.1.1,2.2.2.2", MergeIP({"1.1.1.1", "2.2.2.2"}));
-    EXPECT_EQ("1.1.1.1;2.2.2.2", MergeIP({"1.1.1.1", "2.2.2.2"}, ";"));
-    EXPECT_EQ("1.1.1.1", MergeIP({"1.1.1.1", "", ""}));
-    // An entry being retyped keeps the place of those after it.
-    EXPECT_EQ(",2.2.2.2", MergeIP({"", "2.2.2.2"}));
-    EXPECT_EQ("", MergeIP({}));
-    EXPECT_EQ("", MergeIP({"", ""}));
-    for (const std::string& list : {"10.0.0.1", "10.0.0.1,10.0.0.2,10.0.0.3"})
-        EXPECT_EQ(list, MergeIP(SplitIP(list)));
-}
+// --- validation -------------------------------------------
 
 TEST(AddressFieldMessage, NamesTheMessageOfEachField) {
     struct Case {
@@ -103,31 +71,27 @@ struct CountingHost : ITabHost {
     int edits = 0;
 };
 
-FakeAdapter Adapter(const std::string& name, const std::string& key) {
-    FakeAdapter adapter;
-    adapter.Name = name;
-    adapter.Key = key;
-    return adapter;
-}
-
 class GeneralTab : public ::testing::Test {
   protected:
     void SetUp() override {
-        FakeAdapter wired = Adapter("Local Area Connection", "{WIRED}");
-        wired.IPAddress = kTwoAddresses;
-        wired.IPMask = kTwoMasks;
-        wired.DefaultGateway = "192.168.101.1";
-        wired.DNSServers = "192.168.101.2,192.168.101.3";
-        wired.WINSServer1 = "192.168.101.4";
-        FakeAdapter wireless = Adapter("Wireless Network Connection", "{WIRELESS}");
-        wireless.DHCPEnabled = true;
-        net.Machine.Adapters = {wired, wireless};
-        net.Machine.Printers = {"Office Laser", "Home Inkjet"};
-        net.Machine.DefaultPrinter = "Office Laser";
+        TestNetConfig::Clear();
+        TestNetConfig::Put("IPAddress", kTwoAddresses, "{WIRED}");
+        TestNetConfig::Put("IPMask", kTwoMasks, "{WIRED}");
+        TestNetConfig::Put("Gateway", "192.168.101.1", "{WIRED}");
+        TestNetConfig::Put("DNS", "192.168.101.2,192.168.101.3", "{WIRED}");
+        TestNetConfig::Put("WINS1", "192.168.101.4", "{WIRED}");
+        TestNetConfig::Put("WINS", "1");
+        TestNetConfig::Put("DHCP", "1", "{WIRELESS}");
+        TestNetConfig::Put("Computer", "MACHINE");
+        TestNetConfig::Put("Workgroup", "MACHINEWG");
+        TestNetConfig::Put("DefaultPrinter", "Office Laser");
+        net.Adapters = {{"Local Area Connection", "{WIRED}"},
+                        {"Wireless Network Connection", "{WIRELESS}"}};
+        net.Printers = {"Office Laser", "Home Inkjet"};
         parent = CreateWindowExA(0, "STATIC", "parent", WS_POPUP, 0, 0, 600, 400, nullptr, nullptr,
                                  GetModuleHandleA(nullptr), nullptr);
         ASSERT_TRUE(parent);
-        page.SetOSTag("XP");
+        page.SetOSFamily(OSFamily::XP);
         ASSERT_TRUE(page.Create(GetModuleHandleA(nullptr), parent, host));
     }
     void TearDown() override { DestroyWindow(parent); }
@@ -213,7 +177,7 @@ TEST_F(GeneralTab, RefillAfterAProfileAssignsExactlyWhatDiffers) {
     const std::vector<int> changed = page.RefillFrom(&net, true);
     EXPECT_EQ((std::vector<S>{S::NTLogon, S::NTDomain, S::Host, S::IPAddress}), Flagged());
     EXPECT_EQ((std::vector<int>{IDC_GEN_HOST, IDC_GEN_USEDOMAIN, IDC_GEN_NTDOMAIN}), changed);
-    EXPECT_EQ(std::string("192.168.101.5") + '\0' + "192.168.101.9", net.IPAddress());
+    EXPECT_EQ(std::string("192.168.101.5") + '\0' + "192.168.101.9", net.Record().IPAddress);
     EXPECT_TRUE(Enabled(IDC_GEN_NTDOMAIN));
     EXPECT_TRUE(Enabled(IDC_GEN_ACCOUNT));
     EXPECT_FALSE(Enabled(IDC_GEN_WORKGROUP));
@@ -231,7 +195,7 @@ TEST_F(GeneralTab, AddressFieldsEditTheEntryOfTheIndexBox) {
     EXPECT_TRUE(Flagged().empty());  // choosing an entry changes nothing
 
     Type(IDC_GEN_IPADDRESS, "192.168.101.7");
-    EXPECT_EQ(std::string("192.168.101.5") + '\0' + "192.168.101.7", net.IPAddress());
+    EXPECT_EQ(std::string("192.168.101.5") + '\0' + "192.168.101.7", net.Record().IPAddress);
     EXPECT_EQ((std::vector<S>{S::IPAddress}), Flagged());
     EXPECT_GE(host.edits, 1);
 
@@ -241,28 +205,29 @@ TEST_F(GeneralTab, AddressFieldsEditTheEntryOfTheIndexBox) {
     Type(IDC_GEN_IPADDRESS, "10.0.0.1");
     Type(IDC_GEN_IPMASK, "255.0.0.0");
     EXPECT_EQ(std::string("192.168.101.5") + '\0' + "192.168.101.7" + '\0' + "10.0.0.1",
-              net.IPAddress());
-    EXPECT_EQ(kTwoMasks + '\0' + "255.0.0.0", net.IPMask());
+              net.Record().IPAddress);
+    EXPECT_EQ(kTwoMasks + '\0' + "255.0.0.0", net.Record().IPMask);
     EXPECT_EQ(4, Count(IDC_GEN_IPINDEX));
 
     // Retyping the first address keeps the others in place.
     Choose(IDC_GEN_IPINDEX, 0);
     Type(IDC_GEN_IPADDRESS, "");
     Type(IDC_GEN_IPADDRESS, "1");
-    EXPECT_EQ(std::string("1") + '\0' + "192.168.101.7" + '\0' + "10.0.0.1", net.IPAddress());
+    EXPECT_EQ(std::string("1") + '\0' + "192.168.101.7" + '\0' + "10.0.0.1",
+              net.Record().IPAddress);
 }
 
 TEST_F(GeneralTab, TextAndCheckEditsAssignAtOnce) {
     ShowMachine();
     Type(IDC_GEN_GATEWAY, "10.0.0.254");
     Type(IDC_GEN_COMPUTERNAME, "OFFICE1");
-    EXPECT_EQ("10.0.0.254", net.DefaultGateway());
-    EXPECT_EQ("OFFICE1", net.ComputerName());
-    EXPECT_FALSE(net.ResetRequired());
+    EXPECT_EQ("10.0.0.254", net.Record().DefaultGateway);
+    EXPECT_EQ("OFFICE1", net.Record().ComputerName);
+    EXPECT_FALSE(net.Record().ResetRequired);
 
     Tick(IDC_GEN_DHCP, true);
-    EXPECT_TRUE(net.DHCPEnabled());
-    EXPECT_TRUE(net.ResetRequired());
+    EXPECT_TRUE(net.Record().DHCPEnabled);
+    EXPECT_TRUE(net.Record().ResetRequired);
     // With DHCP the addresses and gateways are greyed; DNS servers stay.
     EXPECT_FALSE(Enabled(IDC_GEN_IPADDRESS));
     EXPECT_FALSE(Enabled(IDC_GEN_IPINDEX));
@@ -272,21 +237,21 @@ TEST_F(GeneralTab, TextAndCheckEditsAssignAtOnce) {
 
     // Switching WINS off on XP empties the servers, which are then written.
     Tick(IDC_GEN_WINS, false);
-    EXPECT_FALSE(net.WINSEnabled());
-    EXPECT_EQ("", net.WINSServer1());
+    EXPECT_FALSE(net.Record().WINSEnabled);
+    EXPECT_EQ("", net.Record().WINSServer1);
     EXPECT_TRUE(net.IsChanged(S::WINSServer1));
     EXPECT_FALSE(Enabled(IDC_GEN_WINSSERVER1));
 
     Tick(IDC_GEN_USEDOMAIN, true);
-    EXPECT_TRUE(net.NTLogonEnabled());
+    EXPECT_TRUE(net.Record().NTLogonEnabled);
     EXPECT_TRUE(Enabled(IDC_GEN_NTDOMAIN));
 }
 
 TEST_F(GeneralTab, DHCPSwitchesWINSOffOnNineXAndNT) {
     ShowMachine();
-    page.SetOSTag("9x");
+    page.SetOSFamily(OSFamily::Win9x);
     Tick(IDC_GEN_DHCP, true);
-    EXPECT_FALSE(net.WINSEnabled());
+    EXPECT_FALSE(net.Record().WINSEnabled);
     EXPECT_TRUE(net.IsChanged(S::WINSEnabled));
     EXPECT_FALSE(Enabled(IDC_GEN_WINS));
     EXPECT_FALSE(Enabled(IDC_GEN_WINSSERVER1));
@@ -296,10 +261,10 @@ TEST_F(GeneralTab, DHCPSwitchesWINSOffOnNineXAndNT) {
 
 TEST_F(GeneralTab, AdapterBoxChoosesByPositionAndShowsThatAdapter) {
     // Two adapters of the same name: the box still tells them apart.
-    net.Machine.Adapters[1].Name = net.Machine.Adapters[0].Name;
+    net.Adapters[1].first = net.Adapters[0].first;
     ShowMachine();
     Choose(IDC_GEN_ADAPTER, 1);
-    EXPECT_EQ(1, net.CurrentAdapter());
+    EXPECT_EQ(1, net.Record().CurrentAdapter);
     EXPECT_EQ("", Field(IDC_GEN_IPADDRESS));
     EXPECT_EQ("", Field(IDC_GEN_GATEWAY));
     EXPECT_EQ(BST_CHECKED, IsDlgButtonChecked(page.Handle(), IDC_GEN_DHCP));
@@ -309,10 +274,10 @@ TEST_F(GeneralTab, AdapterBoxChoosesByPositionAndShowsThatAdapter) {
 }
 
 TEST_F(GeneralTab, NoAdapterAndNoPrinter) {
-    net.Machine.Adapters.clear();
-    net.Machine.Printers.clear();
+    net.Adapters.clear();
+    net.Printers.clear();
     ShowMachine();
-    EXPECT_EQ(-1, net.CurrentAdapter());
+    EXPECT_EQ(-1, net.Record().CurrentAdapter);
     EXPECT_FALSE(Enabled(IDC_GEN_ADAPTER));
     EXPECT_FALSE(Enabled(IDC_GEN_DHCP));
     EXPECT_FALSE(Enabled(IDC_GEN_IPADDRESS));
@@ -326,7 +291,7 @@ TEST_F(GeneralTab, NoAdapterAndNoPrinter) {
 TEST_F(GeneralTab, PrinterChoiceAssignsThePrinter) {
     ShowMachine();
     Choose(IDC_GEN_PRINTER, 1);
-    EXPECT_EQ("Home Inkjet", net.DefaultPrinter());
+    EXPECT_EQ("Home Inkjet", net.Record().DefaultPrinter);
     EXPECT_TRUE(net.IsChanged(S::DefaultPrinter));
 }
 
@@ -402,19 +367,19 @@ DialogScript::Step Credentials(const std::string& user, const std::string& passw
 
 TEST(Credentials, ModifyStoresTheAccountOrThePlaceholder) {
     TestNetConfig net;
-    net.SetNTDomainUserName("old");
-    net.SetNTDomainPassword("oldpw");
+    net.Assign(&NetRecord::NTDomainUserName, "old");
+    net.Assign(&NetRecord::NTDomainPassword, "oldpw");
     {
         DialogScript script({Credentials("admin", "secret", IDCANCEL)});
         ModifyCredentials(net, nullptr);
     }
-    EXPECT_EQ("old", net.NTDomainUserName());  // Cancel keeps what was stored
+    EXPECT_EQ("old", net.Record().NTDomainUserName);  // Cancel keeps what was stored
     {
         DialogScript script({Credentials("admin", "secret", IDOK)});
         ModifyCredentials(net, nullptr);
     }
-    EXPECT_EQ("admin", net.NTDomainUserName());
-    EXPECT_EQ("secret", net.NTDomainPassword());
+    EXPECT_EQ("admin", net.Record().NTDomainUserName);
+    EXPECT_EQ("secret", net.Record().NTDomainPassword);
     {
         DialogScript script({[](HWND dialog) {
             CheckDlgButton(dialog, IDC_CRED_CHECK0, BST_CHECKED);
@@ -422,12 +387,12 @@ TEST(Credentials, ModifyStoresTheAccountOrThePlaceholder) {
         }});
         ModifyCredentials(net, nullptr);
     }
-    EXPECT_EQ("{Prompt}", net.NTDomainUserName());
-    EXPECT_EQ("{Prompt}", net.NTDomainPassword());
+    EXPECT_EQ("{Prompt}", net.Record().NTDomainUserName);
+    EXPECT_EQ("{Prompt}", net.Record().NTDomainPassword);
     EXPECT_FALSE(net.IsChanged(S::NTDomain));  // the account flags nothing
 
     // A placeholder in capitals opens with the box ticked and the fields empty.
-    net.SetNTDomainUserName("{PROMPT}");
+    net.Assign(&NetRecord::NTDomainUserName, "{PROMPT}");
     bool shown = false, ticked = false;
     std::string userShown = "?";
     {
@@ -446,8 +411,8 @@ TEST(Credentials, ModifyStoresTheAccountOrThePlaceholder) {
 
 TEST(Credentials, PromptAsksWithoutTheCheckBox) {
     TestNetConfig net;
-    net.SetNTDomainUserName("{prompt}");
-    net.SetNTDomainPassword("{prompt}");
+    net.Assign(&NetRecord::NTDomainUserName, "{prompt}");
+    net.Assign(&NetRecord::NTDomainPassword, "{prompt}");
     bool shown = true;
     bool cancelled = false;
     {
@@ -456,14 +421,14 @@ TEST(Credentials, PromptAsksWithoutTheCheckBox) {
     }
     EXPECT_TRUE(cancelled);
     EXPECT_FALSE(shown);
-    EXPECT_EQ("{prompt}", net.NTDomainUserName());
+    EXPECT_EQ("{prompt}", net.Record().NTDomainUserName);
     {
         DialogScript script({Credentials("admin", "secret", IDOK)});
         cancelled = PromptForCredentials(net, nullptr);
     }
     EXPECT_FALSE(cancelled);
-    EXPECT_EQ("admin", net.NTDomainUserName());
-    EXPECT_EQ("secret", net.NTDomainPassword());
+    EXPECT_EQ("admin", net.Record().NTDomainUserName);
+    EXPECT_EQ("secret", net.Record().NTDomainPassword);
     EXPECT_TRUE(IsPromptPlaceholder("{PROMPT}"));
     EXPECT_TRUE(IsPromptPlaceholder("{Prompt} "));
     EXPECT_FALSE(IsPromptPlaceholder("prompt"));

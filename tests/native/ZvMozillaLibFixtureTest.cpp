@@ -32,7 +32,7 @@ std::string Between(const std::string& xml, const std::string& open, const std::
 
 TEST(ZvMozillaLibFixture, ReadsTheWholeFile) {
     ZvMozillaLib registry;
-    ASSERT_TRUE(registry.Open(MozillaFixturePath())) << MozillaFixturePath();
+    ASSERT_TRUE(registry.ReadRegistry(FixtureBytes())) << MozillaFixturePath();
     EXPECT_FALSE(registry.IsDamaged());
     EXPECT_EQ(registry.MajorVersion(), 1);
     EXPECT_EQ(registry.MinorVersion(), 2);
@@ -64,7 +64,7 @@ TEST(ZvMozillaLibFixture, ReadsTheWholeFile) {
 
 TEST(ZvMozillaLibFixture, FindsTheCurrentProfileAndItsDirectory) {
     ZvMozillaLib registry;
-    ASSERT_TRUE(registry.Open(MozillaFixturePath()));
+    ASSERT_TRUE(registry.ReadRegistry(FixtureBytes()));
     EXPECT_EQ(registry.CurrentProfileName(), "default");
     const std::vector<ZvMozillaProfile> profiles = registry.ProfileList();
     ASSERT_EQ(profiles.size(), 1u);
@@ -84,7 +84,7 @@ TEST(ZvMozillaLibFixture, FindsTheCurrentProfileAndItsDirectory) {
 
 TEST(ZvMozillaLibFixture, RendersItAsXml) {
     ZvMozillaLib registry;
-    ASSERT_TRUE(registry.Open(MozillaFixturePath()));
+    ASSERT_TRUE(registry.ReadRegistry(FixtureBytes()));
     const std::string xml = registry.ToXML();
     EXPECT_EQ(xml.substr(0, 31), "<?xml version=\"1.0\"?>\r\n<Root>\r\n");
     EXPECT_EQ(xml.substr(xml.size() - 9), "</Root>\r\n");

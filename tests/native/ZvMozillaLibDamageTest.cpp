@@ -1,12 +1,11 @@
-// Damaged and hostile profile registries: truncated files, links that loop or
-// leave the file, lengths larger than the file, files built to blow up. Each
-// read ends, within the reader's limits, as "not a registry" or with what
-// could be read.
+// Damaged and hostile profile registries (random damage is the fuzzer's part):
+// truncated files, links that loop or leave the file, lengths larger than the
+// file, files built to blow up. Each read ends, within the reader's limits, as
+// "not a registry" or with what could be read.
 #include <gtest/gtest.h>
 
-#include <windows.h>
-
 #include <algorithm>
+#include <chrono>
 #include <cstdint>
 #include <cstdio>
 #include <functional>
@@ -40,8 +39,10 @@ int Depth(const ZvRegKey& key) {
     return deepest + 1;
 }
 
-double Seconds(DWORD since) {
-    return (GetTickCount() - since) / 1000.0;
+using Clock = std::chrono::steady_clock;
+
+double Seconds(Clock::time_point since) {
+    return std::chrono::duration<double>(Clock::now() - since).count();
 }
 
 // Cutting a file anywhere costs nothing but what lies past the cut.
@@ -50,7 +51,7 @@ void ExpectTruncationsAreHarmless(const std::string& bytes, size_t step) {
     ASSERT_TRUE(whole.ReadRegistry(bytes));
     const std::string wholeXml = whole.ToXML();
     const uint32_t root = W::GetLong(bytes, 12);
-    const DWORD start = GetTickCount();
+    const auto start = Clock::now();
     size_t cuts = 0;
     for (size_t size = 0; size < bytes.size(); size += step, ++cuts) {
         ZvMozillaLib registry;
@@ -245,26 +246,23 @@ TEST(ZvMozillaLibDamage, DamagedDirectoryEntryIsLeftOutNotEmptied) {
 TEST(ZvMozillaLibDamage, HugeFileIsRefusedWithoutReadingIt) {
     std::string bytes = MakeSampleRegistry().Bytes;
     bytes.resize(ZvMozillaLib::kMaxFileSize + 1, '\0');
-    const std::string path = WriteTestFile("huge.dat", bytes);
-    const DWORD start = GetTickCount();
+    const auto start = Clock::now();
     ZvMozillaLib registry;
-    EXPECT_FALSE(registry.Open(path));
     EXPECT_FALSE(registry.ReadRegistry(bytes));
     EXPECT_TRUE(registry.Keys().empty());
     EXPECT_LT(Seconds(start), 5.0);
 
     // At the limit it is still a registry.
     bytes.resize(ZvMozillaLib::kMaxFileSize);
-    EXPECT_TRUE(registry.Open(WriteTestFile("huge.dat", bytes)));
+    EXPECT_TRUE(registry.ReadRegistry(bytes));
     EXPECT_EQ(registry.ProfileList().size(), 4u);
-    DeleteFileA(path.c_str());
 }
 
 TEST(ZvMozillaLibDamage, TooManyNodesStopAtTheLimit) {
     W writer;
     const W::NodeId key = writer.AddKey(writer.Root(), "many");
     for (size_t i = 0; i < ZvMozillaLib::kMaxNodes + 500; ++i) writer.AddString(key, "e", "v");
-    const DWORD start = GetTickCount();
+    const auto start = Clock::now();
     ZvMozillaLib registry;
     ASSERT_TRUE(registry.ReadRegistry(writer.Build()));
     EXPECT_TRUE(registry.IsDamaged());
@@ -314,7 +312,7 @@ TEST(ZvMozillaLibDamage, ValuesSharingOneLargeBlockStopAtTheTextLimit) {
         Put(bytes, writer.Offset(e), W::kValue, writer.ValueOffset(big));
         Put(bytes, writer.Offset(e), W::kValueLength, 200000);
     }
-    const DWORD start = GetTickCount();
+    const auto start = Clock::now();
     ZvMozillaLib registry;
     ASSERT_TRUE(registry.ReadRegistry(bytes));
     EXPECT_TRUE(registry.IsDamaged());
@@ -323,40 +321,6 @@ TEST(ZvMozillaLibDamage, ValuesSharingOneLargeBlockStopAtTheTextLimit) {
     EXPECT_LE(kept, ZvMozillaLib::kMaxTextBytes);
     EXPECT_GT(kept, ZvMozillaLib::kMaxTextBytes / 2);
     EXPECT_LT(Seconds(start), 10.0);
-}
-
-// Random bytes overwritten anywhere: no crash, no hang, a sane result.
-void ExpectRandomDamageIsHarmless(const std::string& bytes, int rounds, uint32_t seed) {
-    ZvMozillaLib whole;
-    ASSERT_TRUE(whole.ReadRegistry(bytes));
-    // A changed length may make a value cover much of the file, a few times.
-    const size_t limit = 16 * (bytes.size() + whole.ToXML().size());
-    const DWORD start = GetTickCount();
-    for (int round = 0; round < rounds; ++round) {
-        std::string damaged = bytes;
-        seed = seed * 1664525u + 1013904223u;
-        const int changes = 1 + static_cast<int>(seed >> 29);
-        for (int i = 0; i < changes; ++i) {
-            seed = seed * 1664525u + 1013904223u;
-            const size_t at = (seed >> 8) % damaged.size();
-            seed = seed * 1664525u + 1013904223u;
-            damaged[at] = static_cast<char>(seed >> 24);
-        }
-        ZvMozillaLib registry;
-        if (registry.ReadRegistry(damaged)) {
-            EXPECT_LE(registry.NodeCount(), whole.NodeCount() + 64) << "round " << round;
-        }
-        EXPECT_LE(registry.ToXML().size(), limit) << "round " << round;
-    }
-    std::printf("    %d damaged copies read in %.2f s\n", rounds, Seconds(start));
-}
-
-TEST(ZvMozillaLibDamage, RandomDamageToAGeneratedRegistry) {
-    ExpectRandomDamageIsHarmless(MakeSampleRegistry().Bytes, 1500, 7);
-}
-
-TEST(ZvMozillaLibDamage, RandomDamageToTheRealRegistry) {
-    ExpectRandomDamageIsHarmless(ReadWholeFile(MozillaFixturePath()), 1000, 11);
 }
 
 }  // namespace

@@ -4,6 +4,7 @@
 #include <string>
 #include <vector>
 
+#include "platform/modText.h"
 #include "shell/modCommandLine.h"
 
 namespace rwz {
@@ -30,11 +31,16 @@ TEST(CommandLineArgs, SplitsAtEverySlashKeepingBlanksAndDroppingQuotes) {
     for (const Case& c : cases) EXPECT_EQ(c.args, GetCommandLineArgs(c.text)) << c.text;
 }
 
-TEST(CommandLineArgs, KeepsOnlyTheFirstTen) {
-    const Args args = GetCommandLineArgs("/a/b/c/d/e/f/g/h/i/j/k/l");
-    ASSERT_EQ(10u, args.size());
-    EXPECT_EQ("j", args.back());
-    EXPECT_EQ(2u, GetCommandLineArgs("/a/b/c", 2).size());
+TEST(CommandLineArgs, KeepsEveryEntry) {
+    const Args args = GetCommandLineArgs(
+        "/a /b /c /d /e /f /g /h /i /j /hidden /load C:\\Profiles\\office.rwz /apply");
+    ASSERT_EQ(13u, args.size());
+    EXPECT_EQ("hidden ", GetSwitch("hidden", args));
+    EXPECT_EQ("apply", args.back());
+    EXPECT_EQ((Args{"a ", "b ", "j "}), UnknownSwitches({"a ", "load x ", "b ", "x.rwz ", "j "}));
+    EXPECT_EQ("unknown switches: 'a ', 'b '", UnknownSwitchesText({"a ", "b "}));
+    EXPECT_EQ("unknown switches: 'x', 'x', 'x', 'x', 'x', 'x', 'x', 'x', 'x', 'x' (and 2 more)",
+              UnknownSwitchesText(Args(12, "x")));
 }
 
 TEST(CommandLineSwitch, MatchesTheFirstEntryThatBeginsWithTheNameInAnyCase) {
@@ -64,16 +70,34 @@ TEST(CommandLineLog, NeverShowsAPassword) {
     struct Case {
         const char* text;
         const char* logged;
+        const char* password;  // the value the program takes
     };
     const Case cases[] = {
-        {"/load a.rwz /uid jsmith /pwd s3cret /apply", "/load a.rwz /uid jsmith /pwd **** /apply"},
-        {"/PWD=s3cret", "/PWD=****"},
-        {"/pwd \"two words\" /apply", "/pwd **** /apply"},
-        {"/pwd", "/pwd"},
-        {"/pwdsecret", "/pwds****"},  // the one character after the name is not the value
-        {"/load a.rwz", "/load a.rwz"},
+        {"/load a.rwz /uid jsmith /pwd s3cret /apply", "/load a.rwz /uid jsmith /pwd **** /apply",
+         "s3cret"},
+        {"/PWD=s3cret", "/PWD=****", "s3cret"},
+        {"/pwd \"two words\" /apply", "/pwd **** /apply", "two words"},
+        {"/pwd abc/def /apply", "/pwd **** /apply", "abc/def"},
+        {"/pwd", "/pwd", ""},
+        {"/pwd/apply", "/pwd/apply", ""},
+        {"/pwdsecret", "/pwd****", "ecret"},
+        {"/ pwd secret", "/ pwd ****", ""},
+        {"/password=secret /apply", "/password=**** /apply", ""},
+        {"/load a.rwz", "/load a.rwz", ""},
     };
-    for (const Case& c : cases) EXPECT_EQ(c.logged, MaskPasswords(c.text)) << c.text;
+    for (const Case& c : cases) {
+        EXPECT_EQ(c.logged, MaskPasswords(c.text)) << c.text;
+        const Args args = GetCommandLineArgs(c.text);
+        EXPECT_EQ(c.password, Trim(SwitchValue(GetSwitch("pwd", args), "pwd"))) << c.text;
+    }
+}
+
+TEST(CommandLineLoad, SaysWhyAPathCannotBeTried) {
+    EXPECT_NE("", ProfilePathProblem(""));
+    EXPECT_NE(std::string::npos, ProfilePathProblem("  ").find("missing"));
+    EXPECT_NE(std::string::npos,
+              ProfilePathProblem("C:\\" + std::string(300, 'x')).find("too long"));
+    EXPECT_EQ("", ProfilePathProblem("C:\\" + std::string(250, 'x')));
 }
 
 }  // namespace

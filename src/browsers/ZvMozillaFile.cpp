@@ -1,0 +1,28 @@
+// The file side of the profile registry reader.
+#include "browsers/ZvMozillaLib.h"
+
+#include "platform/Procedure.h"
+#include "platform/modSafeFile.h"
+
+namespace rwz {
+
+namespace {
+
+const char kObject[] = "ZvMozillaLib";
+
+}  // namespace
+
+bool ZvMozillaLib::Open(const std::string& astrFile) {
+    Procedure proc(kObject, "Open");
+    return proc.Run(
+        [&] {
+            Clear();
+            std::string data = ReadWholeFile(astrFile, kMaxFileSize);
+            const bool read = ReadRegistry(data);
+            mstrFile = astrFile;
+            return read;
+        },
+        false);
+}
+
+}  // namespace rwz

@@ -1,0 +1,13 @@
+// A libFuzzer target for one parser, chosen when it is built
+// (-DRWZ_FUZZ_PARSER=<index into Parsers()>).
+#include <cstddef>
+#include <cstdint>
+#include <string>
+
+#include "Parsers.h"
+
+extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
+    rwz::fuzz::Parsers()[RWZ_FUZZ_PARSER].Run(
+        std::string(reinterpret_cast<const char*>(data), size));
+    return 0;
+}
