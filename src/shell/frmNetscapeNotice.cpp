@@ -46,7 +46,7 @@ INT_PTR frmNetscapeNotice::Show(HWND owner) {
 INT_PTR ShowNetscapeNotice(HWND owner, const std::string& astrFirstProfile) {
     frmNetscapeNotice form(astrFirstProfile);
     // A silent run shows no window that only informs: the notice goes to the log.
-    if (!GetSwitch("hidden", GetCommandLineArgs(CommandLineText())).empty()) {
+    if (!GetSwitch("hidden", GetCommandLineArgs(CommandLineText(GetCommandLineA()))).empty()) {
         WriteLog(std::string(kTag) + " - " + form.NoticeText(), kLogWarning);
         return IDOK;
     }
