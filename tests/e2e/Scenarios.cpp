@@ -280,8 +280,6 @@ class Runner {
         } else if (v == "truncate") {  // a file cut to its first half
             const std::string text = bench::ReadFileText(arg(0));
             bench::WriteFile(arg(0), text.substr(0, text.size() / 2));
-        } else if (v == "readonly") {
-            SetFileAttributesA(arg(0).c_str(), FILE_ATTRIBUTE_READONLY);
         } else if (v == "random") {  // seeded bytes: a file in nobody's format
             std::mt19937 random(20);
             std::string bytes(std::stoul(arg(1)), '\0');
