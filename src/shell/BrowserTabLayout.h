@@ -14,7 +14,7 @@
     EDITTEXT editId, 52, 6, 266, 12, ES_AUTOHSCROLL | WS_GROUP
 
 // A proxy's host field at x, y (width w), a colon, and its port field.
-#define PROXY_PORT_WIDTH 36
+#define PROXY_PORT_WIDTH 30
 #define PROXY_FIELDS(x, y, w, hostId, portId)                              \
     EDITTEXT hostId, x, y, w, 12, ES_AUTOHSCROLL                          \
     LTEXT ":", -1, (x) + (w) + 2, (y) + 2, 4, 8                           \

@@ -22,7 +22,10 @@
 #include "shell/frmOperaTab.h"
 #include "shell/frmOptions.h"
 #include "shell/frmRestart.h"
+#include "shell/RwzExitCode.h"
 #include "shell/modCommandLine.h"
+#include "shell/modShortcut.h"
+#include "shell/modWindowFit.h"
 
 namespace rwz {
 
@@ -46,6 +49,7 @@ constexpr int16_t kMsgCurrentConfiguration = 60;
 constexpr int16_t kMsgUnsupportedSystem = 34;
 
 // Toolbar buttons, in order; the area buttons switch an area of the profile on or off.
+// Each is as wide as its own text (shells before 5.80 make them all alike).
 struct ToolbarButton {
     int bitmap;
     int command;
@@ -53,14 +57,14 @@ struct ToolbarButton {
     const char* text;
 };
 const ToolbarButton kToolbarButtons[] = {
-    {STD_FILEOPEN, IDM_FILE_OPEN, BTNS_BUTTON, "Open"},
-    {STD_FILESAVE, IDM_FILE_SAVE, BTNS_BUTTON, "Save"},
-    {STD_REDOW, IDM_FILE_APPLY, BTNS_BUTTON, "Apply"},
+    {STD_FILEOPEN, IDM_FILE_OPEN, BTNS_BUTTON | BTNS_AUTOSIZE, "Open"},
+    {STD_FILESAVE, IDM_FILE_SAVE, BTNS_BUTTON | BTNS_AUTOSIZE, "Save"},
+    {STD_REDOW, IDM_FILE_APPLY, BTNS_BUTTON | BTNS_AUTOSIZE, "Apply"},
     {0, 0, BTNS_SEP, nullptr},
-    {STD_PROPERTIES, IDM_AREA_GENERAL, BTNS_CHECK, "General"},
-    {STD_PROPERTIES, IDM_AREA_IE, BTNS_CHECK, "Internet Explorer"},
-    {STD_PROPERTIES, IDM_AREA_NETSCAPE, BTNS_CHECK, "Netscape"},
-    {STD_PROPERTIES, IDM_AREA_OPERA, BTNS_CHECK, "Opera"},
+    {STD_PROPERTIES, IDM_AREA_GENERAL, BTNS_CHECK | BTNS_AUTOSIZE, "General"},
+    {STD_PROPERTIES, IDM_AREA_IE, BTNS_CHECK | BTNS_AUTOSIZE, "Internet Explorer"},
+    {STD_PROPERTIES, IDM_AREA_NETSCAPE, BTNS_CHECK | BTNS_AUTOSIZE, "Netscape"},
+    {STD_PROPERTIES, IDM_AREA_OPERA, BTNS_CHECK | BTNS_AUTOSIZE, "Opera"},
 };
 const int kAreaCommands[] = {IDM_AREA_GENERAL, IDM_AREA_IE, IDM_AREA_NETSCAPE, IDM_AREA_OPERA};
 
@@ -115,9 +119,13 @@ frmMain::~frmMain() = default;
 
 int frmMain::Run(int showCommand) {
     if (const std::optional<int> code = EndForOtherCopy()) return *code;
-    if (!CreateMainWindow()) return 1;
+    if (!CreateMainWindow()) return kExitNoWindow;
+    // Until a profile has been applied, a run asked to apply says it was not
+    // (an unsupported system, for one, ends before the switches).
+    if (ToLower(CommandLineText(GetCommandLineA())).find("/apply") != std::string::npos)
+        mlngExitCode = kExitNotApplied;
     Form_Load();
-    if (mblnUnloaded) return 0;
+    if (mblnUnloaded) return static_cast<int>(mlngExitCode);
     ShowWindow(mhWnd, showCommand);
     UpdateWindow(mhWnd);
     MSG message;
@@ -140,7 +148,7 @@ bool frmMain::CreateMainWindow() {
     windowClass.cbWndExtra = DLGWINDOWEXTRA;
     windowClass.hInstance = mhInstance;
     windowClass.hCursor = LoadCursorA(nullptr, MAKEINTRESOURCEA(32512));
-    windowClass.hIcon = LoadIconA(nullptr, MAKEINTRESOURCEA(32512));
+    windowClass.hIcon = LoadIconA(mhInstance, MAKEINTRESOURCEA(1));  // the program's icon
     windowClass.hbrBackground = reinterpret_cast<HBRUSH>(COLOR_BTNFACE + 1);
     windowClass.lpszClassName = kWindowClass;
     RegisterClassA(&windowClass);
@@ -296,6 +304,9 @@ void frmMain::RunCommand(int aintId) {
             return ExportSettings();
         case IDM_FILE_PRINT:
             return PrintSettings();
+        case IDM_FILE_SHORTCUT:
+            CreateDesktopShortcut(mhWnd, mobjConfig ? mobjConfig->ConfFile() : std::string());
+            return;
         case IDM_FILE_PRINTSETUP:
             return PrintSetup();
         case IDM_TOOLS_OPTIONS:
@@ -515,7 +526,13 @@ void frmMain::ProcessCommandLineSwitches(const std::vector<std::string>& avarArg
         if (found("export") && mobjConfig && !notLoaded)
             clsSettings().ExportAllSettings(*mobjConfig, value);
         if (found("apply") && !notLoaded) ApplyConfiguration();
+        const bool loadFailed = notLoaded;
         const bool pending = RestartPending();
+        // Whoever started a silent apply learns from the exit code how it went.
+        if (found("apply", false))
+            mlngExitCode = loadFailed ? kExitNotApplied
+                           : pending  ? kExitRestartPending
+                                      : kExitApplied;
         if (found("print") && mobjConfig) clsSettings().PrintAllSettings(*mobjConfig);
         const bool force = found("force", false);
         const bool restart = pending || force;
@@ -582,6 +599,7 @@ void frmMain::ApplyLanguage() {
                     "Menus", ControlArrayKey(kObject, static_cast<int>(i)), false, item.text));
         }
         DrawMenuBar(mhWnd);
+        FitWindowToToolbar(mhWnd, mhToolbar);
         // Built-in tips first, so that a language without them shows English.
         for (const ToolbarButton& b : kToolbarButtons)
             if (b.text) SetToolTip(mhToolbar, b.command, b.text);

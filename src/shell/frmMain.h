@@ -145,6 +145,7 @@ class frmMain : public clsDialog, public ITabHost {
     bool mblnFileLoaded = false;
     bool mblnAutoReboot = false;
     bool mblnUnloaded = false;
+    unsigned long mlngExitCode = 0;  // see shell/RwzExitCode.h
     clsMRUList mobjMRU;
     std::unique_ptr<clsRwzConfig> mobjConfig;
     AddInCollection mcolAddIns;

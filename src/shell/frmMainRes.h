@@ -12,6 +12,7 @@
 #define IDM_FILE_EXPORT 40005
 #define IDM_FILE_PRINT 40006
 #define IDM_FILE_PRINTSETUP 40007
+#define IDM_FILE_SHORTCUT 40008
 #define IDM_FILE_EXIT 40009
 #define IDM_FILE_MRU_FIRST 40100  // up to 20 items
 // Tools menu.

@@ -1,11 +1,9 @@
-// Internet Explorer's settings against Wine's registry: each value read into
-// its own setting, each setting written under its own name in Internet
-// Explorer's own value form, and values left alone when nothing changes them.
+// Internet Explorer's settings against Wine's registry: each setting written under
+// its own name in Internet Explorer's own value form.
 #include <gtest/gtest.h>
 
 #include <windows.h>
 
-#include <algorithm>
 #include <string>
 #include <vector>
 
@@ -33,13 +31,6 @@ std::vector<uint8_t> Sz(const std::string& text) {
     bytes.push_back(0);
     return bytes;
 }
-// A connection record whose flags byte (8) is `flags`.
-std::vector<uint8_t> Connection(uint8_t flags) {
-    std::vector<uint8_t> bytes(16, 0x11);
-    bytes[8] = flags;
-    return bytes;
-}
-
 void DeleteValue(HKEY root, const char* key, const char* name) {
     HKEY handle = nullptr;
     if (RegOpenKeyExA(root, key, 0, KEY_SET_VALUE, &handle) != ERROR_SUCCESS) return;
@@ -61,75 +52,6 @@ class InternetExplorerLibTest : public ::testing::Test {
         RawDeleteTree(CU, kRemoteAccess);
     }
 };
-
-// A value on the machine and the setting it gives.
-struct ReadCase {
-    HKEY Root;
-    const char* Key;
-    const char* Name;
-    DWORD Type;
-    std::vector<uint8_t> Data;
-    std::string R::*Text;
-    bool R::*Flag;
-    const char* Expected;  // the text, or "1"/"0"
-};
-
-TEST_F(InternetExplorerLibTest, ReadsEachValueIntoItsSetting) {
-    const ReadCase cases[] = {
-        {CU, kSettings, "ProxyServer", REG_SZ, Sz("http=h:80;ftp=f:21"), &R::FTPAddress, nullptr,
-         "f"},
-        {CU, kSettings, "ProxyServer", REG_SZ, Sz("proxy:8080"), &R::SecurePort, nullptr, "8080"},
-        {CU, kSettings, "ProxyServer", REG_SZ, Sz("proxy:8080"), nullptr, &R::UseSameProxy, "1"},
-        {CU, kSettings, "ProxyEnable", REG_DWORD, Dword(1), nullptr, &R::ProxyEnabled, "1"},
-        {CU, kSettings, "ProxyEnable", REG_BINARY, {1, 0, 0, 0}, nullptr, &R::ProxyEnabled, "1"},
-        {CU, kSettings, "ProxyEnable", REG_DWORD, Dword(2), nullptr, &R::ProxyEnabled, "0"},
-        {CU, kSettings, "ProxyOverride", REG_SZ, Sz("a;b;<local>"), &R::ProxyExceptions, nullptr,
-         "a;b"},
-        {CU, kSettings, "ProxyOverride", REG_SZ, Sz("<local>"), nullptr, &R::IgnoreLocalAddresses,
-         "1"},
-        {CU, kMain, "Start Page", REG_SZ, Sz("http://intranet/"), &R::DefaultHomePage, nullptr,
-         "http://intranet/"},
-        {CU, kSettings, "EnableAutoDial", REG_DWORD, Dword(1), nullptr, &R::ConnectViaLAN, "0"},
-        {CU,
-         kSettings,
-         "EnableAutoDial",
-         REG_BINARY,
-         {0, 0, 0, 0},
-         nullptr,
-         &R::ConnectViaLAN,
-         "1"},
-        {LM, kAutoDial, "DefaultInternet", REG_SZ, Sz("Office ISP"), &R::CurrentDUN, nullptr,
-         "Office ISP"},
-        {CU, kConnections, "DefaultConnectionSettings", REG_BINARY, Connection(9), nullptr,
-         &R::AutoDetectSettings, "1"},
-        {CU, kConnections, "DefaultConnectionSettings", REG_BINARY, Connection(1), nullptr,
-         &R::AutoDetectSettings, "0"},
-        {CU,
-         kConnections,
-         "DefaultConnectionSettings",
-         REG_BINARY,
-         {8, 8, 8},
-         nullptr,
-         &R::AutoDetectSettings,
-         "0"},
-        {CU, kSettings, "AutoConfigURL", REG_SZ, Sz("http://wpad/p.pac"), &R::AutoConfigURL,
-         nullptr, "http://wpad/p.pac"},
-        {CU, kSettings, "AutoConfigURL", REG_SZ, Sz("http://wpad/p.pac"), nullptr,
-         &R::UseAutoConfigURL, "1"},
-        {CU, kSettings, "DisablePasswordCaching", REG_DWORD, Dword(1), nullptr, &R::DisablePWDCache,
-         "1"},
-    };
-    for (const ReadCase& c : cases) {
-        SCOPED_TRACE(std::string(c.Name) + " " + c.Expected);
-        Clear();
-        ASSERT_EQ(ERROR_SUCCESS, RawSetValue(c.Root, c.Key, c.Name, c.Type, c.Data));
-        InternetExplorerLib ie(OSFamily::XP);
-        ie.LoadConfiguration();
-        if (c.Text) EXPECT_EQ(c.Expected, ie.Record().*c.Text);
-        if (c.Flag) EXPECT_EQ(std::string(c.Expected) == "1", ie.Record().*c.Flag);
-        EXPECT_FALSE(ie.IsModified());
-    }
-}
 
 // A setting assigned and the value applying it leaves.
 struct WriteCase {
@@ -182,50 +104,6 @@ TEST_F(InternetExplorerLibTest, WritesEachSettingUnderItsNameInItsForm) {
         EXPECT_EQ(c.Data, value.Data);
         EXPECT_FALSE(ie.IsModified());
     }
-}
-
-TEST_F(InternetExplorerLibTest, FlagsKeepTheirFormAndTheirOtherBits) {
-    RawSetValue(CU, kSettings, "ProxyEnable", REG_BINARY, {0, 0, 0, 0});
-    RawSetValue(CU, kConnections, "DefaultConnectionSettings", REG_BINARY, Connection(1));
-    RawSetString(CU, kSettings, "AutoConfigURL", "http://old/x.pac");
-    InternetExplorerLib ie(OSFamily::XP);
-    ie.LoadConfiguration();
-    ie.Assign(&R::ProxyEnabled, true);
-    ie.Assign(&R::AutoDetectSettings, true);
-    ie.Assign(&R::UseAutoConfigURL, false);
-    ie.ApplyConfiguration();
-    const RawValue enable = RawQuery(CU, kSettings, "ProxyEnable");
-    EXPECT_EQ(DWORD(REG_BINARY), enable.Type);
-    EXPECT_EQ(std::vector<uint8_t>({1, 0, 0, 0}), enable.Data);
-    EXPECT_EQ(Connection(9), RawQuery(CU, kConnections, "DefaultConnectionSettings").Data);
-    EXPECT_NE(ERROR_SUCCESS, RawQuery(CU, kSettings, "AutoConfigURL").Result);
-}
-
-TEST_F(InternetExplorerLibTest, WritesNothingUnlessModifiedOrDifferent) {
-    RawSetString(CU, kSettings, "ProxyServer", "http=h:80;ftp=f:21");
-    RawSetValue(CU, kSettings, "ProxyEnable", REG_DWORD, Dword(0));
-    InternetExplorerLib ie(OSFamily::XP);
-    ie.LoadConfiguration();
-    ie.ApplyConfiguration();
-    EXPECT_NE(ERROR_SUCCESS, RawQuery(CU, kMain, "Start Page").Result);
-    // Marked modified but saying what the registry says: the list keeps its own order.
-    ie.Assign(&R::HTTPPort, "80");
-    ie.ApplyConfiguration();
-    EXPECT_EQ(Sz("http=h:80;ftp=f:21"), RawQuery(CU, kSettings, "ProxyServer").Data);
-    EXPECT_NE(ERROR_SUCCESS, RawQuery(CU, kSettings, "EnableAutodial").Result);
-    EXPECT_NE(ERROR_SUCCESS, RawQuery(LM, kAutoDial, "DefaultInternet").Result);
-}
-
-TEST_F(InternetExplorerLibTest, ListsTheDialUpEntriesOf9xByName) {
-    RawSetString(CU, "RemoteAccess\\Addresses", "Office", "x");
-    RawSetString(CU, "RemoteAccess\\Addresses", "Hotel", "y");
-    RawSetString(CU, kRemoteAccess, "InternetProfile", "Hotel");
-    InternetExplorerLib ie(OSFamily::Win9x);
-    ie.LoadConfiguration();
-    std::vector<std::string> names = ie.Record().DUNList;
-    std::sort(names.begin(), names.end());
-    EXPECT_EQ(std::vector<std::string>({"Hotel", "Office"}), names);
-    EXPECT_EQ("Hotel", ie.Record().CurrentDUN);
 }
 
 }  // namespace

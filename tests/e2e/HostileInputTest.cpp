@@ -11,7 +11,7 @@
 #include <vector>
 
 #include "bench/Bench.h"
-#include "browsers/NavigatorLibTestSupport.h"
+#include "NetscapePrefLines.h"
 #include "browsers/NetscapeMachine.h"
 
 namespace rwz::test {

@@ -6,8 +6,10 @@
 #include <windows.h>
 
 #include <algorithm>
+#include <cstdlib>
 #include <map>
 #include <memory>
+#include <random>
 #include <thread>
 
 #include "bench/Bench.h"
@@ -88,7 +90,8 @@ void ReadLines(const std::string& file, std::map<std::string, std::string>& lets
         if (line.verb == "include") {
             ReadLines(ScenarioDir() + "\\" + line.fields.at(0), lets, out);
         } else if (line.verb == "let") {
-            lets[line.fields.at(0)] = Joined(Fields(line.fields.begin() + 1, line.fields.end()), " | ");
+            lets[line.fields.at(0)] =
+                Joined(Fields(line.fields.begin() + 1, line.fields.end()), " | ");
         } else {
             if (line.verb == "write") {
                 std::string content;
@@ -142,6 +145,11 @@ std::vector<Scenario> LoadScenarios() {
         for (char& c : s.name)
             if (!isalnum(static_cast<unsigned char>(c))) c = '_';
     return scenarios;
+}
+
+const std::string& Arg(const Line& line, size_t i) {
+    if (i >= line.fields.size()) throw std::runtime_error(line.where + ": too few fields");
+    return line.fields[i];
 }
 
 // "HKLM\key\value" -> root, key, value name.
@@ -220,19 +228,24 @@ class BrowserWindow {
 class Runner {
   public:
     ~Runner() {
+        if (mVars.count("served")) bench::WriteFile(mVars["served"] + "\\stop", "");
+        if (mSession.hProcess) {
+            TerminateProcess(mSession.hProcess, 1);
+            CloseHandle(mSession.hProcess);
+            CloseHandle(mSession.hThread);
+        }
         for (const auto& entry : mStarted) {
             TerminateProcess(entry.second, 1);
             CloseHandle(entry.second);
         }
     }
 
-    void Do(const Line& line) {
+    void Do(Line line) {
+        for (std::string& field : line.fields)
+            for (const auto& [name, value] : mVars) field = Replace(field, "{" + name + "}", value);
         SCOPED_TRACE(line.where + ": " + line.verb + " " + Joined(line.fields, " | "));
         const Fields& f = line.fields;
-        auto arg = [&](size_t i) -> const std::string& {
-            if (i >= f.size()) throw std::runtime_error(line.where + ": too few fields");
-            return f[i];
-        };
+        auto arg = [&](size_t i) -> const std::string& { return Arg(line, i); };
         const std::string& v = line.verb;
         if (v == "machine") {
             mMachine = std::make_unique<bench::Machine>(arg(0));
@@ -267,6 +280,11 @@ class Runner {
         } else if (v == "truncate") {  // a file cut to its first half
             const std::string text = bench::ReadFileText(arg(0));
             bench::WriteFile(arg(0), text.substr(0, text.size() / 2));
+        } else if (v == "random") {  // seeded bytes: a file in nobody's format
+            std::mt19937 random(20);
+            std::string bytes(std::stoul(arg(1)), '\0');
+            for (char& c : bytes) c = static_cast<char>(random());
+            bench::WriteFile(arg(0), bytes);
         } else if (v == "write") {
             bench::WriteFile(arg(0), f.back());
         } else if (v == "ini") {
@@ -290,6 +308,18 @@ class Runner {
                     answer.Set(std::stoi(f[i]), f[i].substr(f[i].find('=') + 1));
             }
             mAnswers.push_back(answer);
+        } else if (v == "regsvr32") {
+            EXPECT_EQ(0u, bench::RunAndWait("regsvr32 /s \"" + arg(0) + "\""));
+        } else if (v == "serve") {
+            Serve(arg(0));
+        } else if (v == "open") {
+            Open(f.empty() ? bench::InstalledRwz() : arg(0));
+        } else if (v == "command") {
+            const DWORD start = GetTickCount();
+            EXPECT_TRUE(Send(WM_COMMAND, std::stoi(arg(0))));
+            mTook = GetTickCount() - start;
+        } else if (v == "close") {
+            Close();
         } else if (v == "lenient") {
             mStrict = false;
         } else if (v == "run" || v == "run-in") {
@@ -302,18 +332,23 @@ class Runner {
             options.strictDialogs = mStrict;
             options.timeoutMs = 60000;
             mRun = bench::RunRwz(options);
-            mRan = true;
-            mHidden = options.args.find("/hidden") != std::string::npos;
-            mAnswers.clear();
-            mStrict = true;
-            mDialog = mLogAt = 0;
-            mExit = 0;
-            mChanged.clear();
-            mWithin.clear();
-            mCalls.clear();
+            Ran(options.args.find("/hidden") != std::string::npos);
         } else {
             Expect(line);
         }
+    }
+
+    // A fresh set of checks for the run just ended.
+    void Ran(bool hidden) {
+        mRan = true;
+        mHidden = hidden;
+        mAnswers.clear();
+        mStrict = true;
+        mDialog = mLogAt = 0;
+        mExit = 0;
+        mChanged.clear();
+        mWithin.clear();
+        mCalls.clear();
     }
 
     // What every run is held to unless its lines say otherwise.
@@ -321,6 +356,8 @@ class Runner {
         if (!mRan) return;
         mRan = false;
         EXPECT_EQ(mExit, mRun.exitCode) << mRun.Describe();
+        if (mSessionStrict) EXPECT_TRUE(mRun.DialogsAsScripted()) << mRun.Describe();
+        mSessionStrict = false;
         if (mHidden) {
             EXPECT_FALSE(mRun.ShowedWindow()) << mRun.Describe();
         }
@@ -350,6 +387,72 @@ class Runner {
     }
 
   private:
+    // Rwz.exe with its window shown, driven at its menu from "open" to "close":
+    // SendMessage waits until a command is done, its dialogs answered.
+    void Open(const std::string& exe) {
+        Flush();
+        bench::CopyFileReplacing(bench::BuildDir() + "\\bin\\Rwz.exe", bench::InstalledRwz());
+        mWatch = std::make_unique<bench::DialogWatch>(mAnswers);
+        mSessionStrict = mStrict;
+        mAnswers.clear();
+        mStrict = true;
+        mSession = bench::LaunchProcess(exe, "\"" + exe + "\"", bench::InstallDir());
+        for (int waited = 0; waited < 30000 && !mWindow; waited += 100) {
+            Sleep(100);
+            HWND window = nullptr;
+            while ((window = FindWindowExA(nullptr, window, "RoamwiseMain", nullptr))) {
+                DWORD pid = 0;
+                GetWindowThreadProcessId(window, &pid);
+                // Visible: start-up, and whatever it asked, is over.
+                if (pid == mSession.dwProcessId && IsWindowVisible(window)) mWindow = window;
+            }
+        }
+        ASSERT_TRUE(mWindow) << "Rwz.exe showed no main window";
+    }
+
+    bool Send(UINT message, WPARAM wParam) {
+        DWORD_PTR result = 0;
+        return mWindow &&
+               SendMessageTimeoutA(mWindow, message, wParam, 0, SMTO_NORMAL, 60000, &result) != 0;
+    }
+
+    // Closes the window as the user does and collects what the session showed.
+    void Close() {
+        Flush();
+        EXPECT_TRUE(Send(WM_CLOSE, 0)) << "the window was gone";
+        if (WaitForSingleObject(mSession.hProcess, 30000) != WAIT_OBJECT_0)
+            TerminateProcess(mSession.hProcess, 259);
+        GetExitCodeProcess(mSession.hProcess, &mRun.exitCode);
+        CloseHandle(mSession.hProcess);
+        CloseHandle(mSession.hThread);
+        mSession = {};
+        mWindow = nullptr;
+        static_cast<bench::WatchResult&>(mRun) = mWatch->Stop();
+        mRun.log = bench::ReadFileText(bench::DebugLogPath());
+        Ran(false);
+    }
+
+    // version-server.py MODE in a folder of this case; {port} and {served}
+    // name its port and folder in the lines that follow.
+    void Serve(const std::string& mode) {
+        const std::string folder = std::string(getenv("RWZ_BUILD_DIR")) + "/serve/" +
+                                   testing::UnitTest::GetInstance()->current_test_info()->name();
+        mVars["served"] = bench::WindowsPath(folder);
+        bench::MakeFolders(mVars["served"]);
+        for (const char* file : {"port", "request", "stop"})
+            DeleteFileA((mVars["served"] + "\\" + file).c_str());
+        PROCESS_INFORMATION server = bench::LaunchProcess(
+            "", "/usr/bin/python3 " + std::string(getenv("RWZ_SOURCE_DIR")) +
+                    "/tests/e2e/data/version-server.py " + mode + " " + folder);
+        CloseHandle(server.hThread);
+        CloseHandle(server.hProcess);
+        for (int waited = 0; waited < 20000 && !bench::FileExists(mVars["served"] + "\\port");
+             waited += 100)
+            Sleep(100);
+        mVars["port"] = bench::ReadFileText(mVars["served"] + "\\port");
+        ASSERT_FALSE(mVars["port"].empty()) << "version-server.py did not start";
+    }
+
     static const char* WindowClass(const std::string& program) {
         return program == "opera" ? bench::kOperaWindowClass : "MozillaWindowClass";
     }
@@ -367,11 +470,11 @@ class Runner {
     void Expect(const Line& line) {
         const Fields& f = line.fields;
         const std::string& v = line.verb;
-        auto arg = [&](size_t i) -> const std::string& {
-            if (i >= f.size()) throw std::runtime_error(line.where + ": too few fields");
-            return f[i];
-        };
-        if (v == "expect-exit") {
+        auto arg = [&](size_t i) -> const std::string& { return Arg(line, i); };
+        if (v == "expect-took") {  // the last command, in milliseconds
+            EXPECT_GE(mTook, std::stoul(arg(0)));
+            EXPECT_LT(mTook, std::stoul(arg(1)));
+        } else if (v == "expect-exit") {
             mExit = static_cast<DWORD>(std::stoul(arg(0)));
         } else if (v == "expect-dialog") {
             ASSERT_LT(mDialog, mRun.dialogs.size()) << mRun.Describe();
@@ -389,7 +492,15 @@ class Runner {
             ASSERT_LT(mDialog, mRun.dialogs.size()) << mRun.Describe();
             const bench::DialogRecord& dialog = mRun.dialogs[mDialog++];
             EXPECT_EQ(arg(0), dialog.title);
-            EXPECT_NE(std::string::npos, dialog.text.find(arg(1))) << dialog.text;
+            // Parts of its text; "+ID" a ticked box, "=TEXT" the button that answered it.
+            for (size_t i = 1; i < f.size(); ++i) {
+                if (f[i][0] == '+')
+                    EXPECT_TRUE(dialog.Control(std::stoi(f[i].substr(1)))->checked) << dialog;
+                else if (f[i][0] == '=')
+                    EXPECT_EQ(f[i].substr(1), dialog.answerText);
+                else
+                    EXPECT_NE(std::string::npos, dialog.text.find(f[i])) << dialog;
+            }
         } else if (v == "expect-log") {
             const size_t at = mRun.log.find(Unescape(arg(0)), mLogAt);
             EXPECT_NE(std::string::npos, at) << "not found after offset " << mLogAt << ":\n"
@@ -411,7 +522,9 @@ class Runner {
         } else if (v == "expect-setting") {
             const std::string data =
                 ReadEntry("HKLM\\Software\\Roamwise\\" + arg(0) + "\\" + arg(1)).Data;
-            EXPECT_EQ(f.size() > 2 && f[2] == "missing" ? "<missing>" : f.size() > 2 ? f[2] : "",
+            EXPECT_EQ(f.size() > 2 && f[2] == "missing" ? "<missing>"
+                      : f.size() > 2                    ? f[2]
+                                                        : "",
                       std::string(data.c_str()));
         } else if (v == "expect-file") {
             ExpectGolden(arg(0), ScenarioDir() + "\\" + arg(1));
@@ -505,6 +618,12 @@ class Runner {
     std::vector<std::string> mChanged;
     std::string mWithin;
     std::map<std::string, std::vector<Fields>> mCalls;
+    std::map<std::string, std::string> mVars;
+    std::unique_ptr<bench::DialogWatch> mWatch;
+    PROCESS_INFORMATION mSession = {};
+    HWND mWindow = nullptr;
+    bool mSessionStrict = false;
+    DWORD mTook = 0;
 };
 
 class Scenarios : public testing::TestWithParam<Scenario> {};

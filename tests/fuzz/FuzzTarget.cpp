@@ -1,8 +1,5 @@
-// A libFuzzer target for one parser, chosen when it is built
-// (-DRWZ_FUZZ_PARSER=<index into Parsers()>).
-#include <cstddef>
+// A libFuzzer target for the parser chosen by -DRWZ_FUZZ_PARSER=<index into Parsers()>.
 #include <cstdint>
-#include <string>
 
 #include "Parsers.h"
 

@@ -1,6 +1,6 @@
 // The Internet Explorer and Opera pages: each field shows and assigns its own
-// setting, a profile differing in one field assigns that field alone, the
-// user's edits assign at once, and the fields the settings leave unused are grey.
+// setting, a profile differing in one field assigns that field alone, and the
+// fields the settings leave unused are grey.
 #include <gtest/gtest.h>
 #include <windows.h>
 
@@ -255,34 +255,10 @@ TEST_F(ExplorerTabTest, ClicksRegreyTheFieldsAndTheAreaSwitchKeepsTheRules) {
     EXPECT_FALSE(mBrowser.Record().ProxyEnabled);
 }
 
-TEST_F(ExplorerTabTest, WithoutBackEndShowsAndAssignsNothing) {
-    EXPECT_TRUE(mPage.RefillFrom(nullptr, true).empty());
-    Type(IDC_IE_TEXT0, "typed before any profile");
-    EXPECT_FALSE(mBrowser.IsModified());
-}
-
 // --- Opera ------------------------------------------------------------------
 
 TEST_F(OperaTabTest, ProfileDifferingInOneFieldAssignsThatFieldAlone) {
     ExpectEachFieldAssignedAlone(kOperaFields, "Identify as Mozilla 4.78");
-}
-
-TEST_F(OperaTabTest, OffersOperasIdentitiesAndKeepsTheChoiceForAnUnknownOne) {
-    mBrowser.Assign(&R::CurrentUserAgent, "Identify as MSIE 6.0");
-    ShowMachine();
-    HWND combo = Item(IDC_OPERA_COMBO0);
-    ASSERT_EQ(5, SendMessageA(combo, CB_GETCOUNT, 0, 0));
-    EXPECT_EQ(4, SendMessageA(combo, CB_GETCURSEL, 0, 0));
-
-    // A profile without the identity codes has nothing to say about them.
-    mBrowser.Assign(&R::CurrentUserAgent, "");
-    mBrowser.ResetFlags();
-    EXPECT_TRUE(mPage.RefillFrom(&mBrowser, true).empty());
-    EXPECT_FALSE(mBrowser.IsModified());
-    EXPECT_EQ(4, SendMessageA(combo, CB_GETCURSEL, 0, 0));
-
-    Choose(IDC_OPERA_COMBO0, 0);
-    EXPECT_EQ("Identify as Opera", mBrowser.Record().CurrentUserAgent);
 }
 
 TEST_F(OperaTabTest, EachProtocolsSwitchGreysItsOwnServer) {

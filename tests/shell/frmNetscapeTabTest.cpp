@@ -1,7 +1,6 @@
 // The Netscape page and its mail dialog on a browser whose profiles live in
 // memory: what the page shows and greys, what a user's choice assigns, the
-// profile switch that reads the chosen profile afresh, the mail account that
-// counts as a setting of the page, and the dialog's OK and Cancel.
+// profile switch that reads the chosen profile afresh, and the dialog's OK and Cancel.
 #include <gtest/gtest.h>
 #include <windows.h>
 
@@ -71,7 +70,6 @@ class NetscapeTabTest : public ::testing::Test {
     }
     bool Checked(int id) { return IsDlgButtonChecked(Page(), id) == BST_CHECKED; }
     bool Enabled(int id) { return IsWindowEnabled(Item(id)) != FALSE; }
-    bool Shown(int id) { return (GetWindowLongA(Item(id), GWL_STYLE) & WS_VISIBLE) != 0; }
     // What the user does: the control changes, then its parent hears of it.
     void Click(int id) {
         CheckRadioButton(Page(), IDC_NETSCAPE_OPTION0, IDC_NETSCAPE_OPTION2, id);
@@ -122,21 +120,6 @@ TEST_F(NetscapeTabTest, ShowsTheConnectionAndGreysWhatItLeavesUnused) {
     EXPECT_EQ(3, mHost.Edits);
 }
 
-TEST_F(NetscapeTabTest, MailDialogIsOfferedUpToNetscape48) {
-    MemoryNavigator netscape4("4.79");
-    mTab.RefillFrom(&netscape4, false);
-    EXPECT_TRUE(Shown(IDC_NETSCAPE_BUTTON0));
-    EXPECT_FALSE(Shown(IDC_NETSCAPE_LABEL10));
-    EXPECT_FALSE(Enabled(IDC_NETSCAPE_COMBO1));  // Netscape 4 has no SOCKS version
-    EXPECT_NE(std::string::npos, Text(IDC_NETSCAPE_VERSION).find("4.79"));
-
-    MemoryNavigator netscape7("7.2");
-    mTab.RefillFrom(&netscape7, false);
-    EXPECT_FALSE(Shown(IDC_NETSCAPE_BUTTON0));
-    EXPECT_TRUE(Shown(IDC_NETSCAPE_LABEL10));
-    EXPECT_EQ(kNavigatorMailUnavailableText, Text(IDC_NETSCAPE_LABEL10));
-}
-
 TEST_F(NetscapeTabTest, ChoosingAnotherProfileReadsThatProfile) {
     MemoryNavigator browser("7.2");
     mTab.RefillFrom(&browser, false);
@@ -151,26 +134,6 @@ TEST_F(NetscapeTabTest, ChoosingAnotherProfileReadsThatProfile) {
     // The page shows that profile as it is: nothing to apply to it.
     EXPECT_FALSE(browser.IsModified());
     EXPECT_EQ(2, mHost.Edits);
-}
-
-TEST_F(NetscapeTabTest, ProfileDifferingOnlyInTheMailAccountMarksTheArea) {
-    MemoryNavigator browser("4.79");
-    mTab.RefillFrom(&browser, false);
-
-    // An opened profile that shows the same values assigns nothing.
-    mTab.RefillFrom(&browser, true);
-    EXPECT_FALSE(browser.IsModified());
-
-    // One whose mail account differs: the area is modified although the page
-    // shows no mail field.
-    MemoryNavigator opened("4.79");
-    opened.Assign(&BrowserRecord::EMailSMTPLogin, "pat.smtp");
-    opened.Assign(&BrowserRecord::EMailLeaveMailOnServer, true);
-    opened.ResetFlags();
-    mTab.RefillFrom(&opened, true);
-    EXPECT_TRUE(opened.IsModified());
-    EXPECT_EQ("pat.smtp", opened.Record().EMailSMTPLogin);
-    EXPECT_EQ(0, mHost.Edits);
 }
 
 // The mail dialog, answered from another thread while it runs modally.

@@ -6,7 +6,7 @@
 Listens on 127.0.0.1 at a free port, writes the port number to FOLDER/port
 and the first request it gets to FOLDER/request, and answers every request
 for the version page according to MODE:
-    a file path   200 with that file
+    a file path   200 with that file of the source tree
     same          200 with a page naming version 1.0.0
     malformed     200 with an HTML page naming no version
     empty         200 with an empty page
@@ -33,8 +33,9 @@ elif mode == "binary":
     body = bytes(range(256)) * 16
 elif mode == "big":
     body = b"Roamwise-Notes: padding padding padding padding padding padding\n" * 160000
-elif mode != "silent":
-    with open(mode, "rb") as page:
+elif mode != "silent":  # a file of the source tree
+    root = os.path.join(os.path.dirname(os.path.abspath(__file__)), "..", "..", "..")
+    with open(os.path.join(root, mode), "rb") as page:
         body = page.read()
 
 

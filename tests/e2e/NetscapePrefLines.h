@@ -1,50 +1,12 @@
-// What the Netscape back end's tests share: a fixture that starts and ends
-// every case without any Netscape on the machine and answers every dialog,
-// and the reading of prefs.js files line by line.
+// Reading prefs.js files line by line: the Netscape back end's own preference
+// lines by name, and every other line in order.
 #pragma once
-
-#include <gtest/gtest.h>
-
 #include <map>
 #include <set>
 #include <string>
 #include <vector>
-
 #include "bench/Bench.h"
-#include "browsers/InProcessWatcher.h"
-#include "browsers/NavigatorLib.h"
-#include "browsers/NetscapeMachine.h"
-#include "platform/RwzError.h"
-
 namespace rwz::test {
-
-// The notice's title and the texts the back end shows.
-inline constexpr const char* kNoticeTitle = "Netscape Navigator";
-inline constexpr const char* kNoPrefsFileText = "Could not locate Navigator preferences file.";
-
-class NavigatorLibTest : public ::testing::Test {
-  protected:
-    void SetUp() override {
-        RemoveNetscape();
-    }
-    void TearDown() override { RemoveNetscape(); }
-
-    // The boxes shown so far, and those with a title.
-    std::vector<InProcessWatcher::Box> Boxes() { return mWatcher.Boxes(); }
-    size_t BoxesTitled(const std::string& astrTitle) {
-        size_t count = 0;
-        for (const auto& box : mWatcher.Boxes()) count += box.Title == astrTitle;
-        return count;
-    }
-    std::string DescribeBoxes() {
-        std::string text;
-        for (const auto& box : mWatcher.Boxes()) text += "[" + box.Title + "] " + box.Text + "\n";
-        return text.empty() ? "no boxes" : text;
-    }
-
-    InProcessWatcher mWatcher;
-};
-
 // The file's lines, split at CR LF or LF.
 inline std::vector<std::string> FileLines(const std::string& astrPath) {
     return bench::SplitLines(bench::ReadFileText(astrPath));
