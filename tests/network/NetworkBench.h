@@ -1,8 +1,7 @@
 // What the tests of the Windows 2000/XP/2003 network classes share: a
 // simulated machine loaded into the running prefix (after the network places a
 // previous machine left behind are cleared), networking services that record
-// every call and answer as scripted, and readers for what ended up in the
-// registry. Message boxes are answered by bench::DialogWatch.
+// every call and answer as scripted, and the debug log lines of a test.
 #pragma once
 
 #include <windows.h>
@@ -25,8 +24,8 @@ void ClearNetworkRegistry();
 // ClearNetworkRegistry, then the machine's folder loaded into the prefix.
 bench::Machine LoadMachine(const std::string& astrName);
 
-// Networking services that record every call (with the same fields as the
-// stand-in DLLs record) and answer as scripted; the computer's DNS names are
+// Networking services that record every call and answer as scripted (a
+// workgroup member by default); the computer's DNS names are
 // passed on to the system (Wine keeps them in the registry). Puts itself in
 // place for its lifetime.
 class RecordingServices : public INetworkServices {
@@ -36,13 +35,9 @@ class RecordingServices : public INetworkServices {
     RecordingServices(const RecordingServices&) = delete;
     RecordingServices& operator=(const RecordingServices&) = delete;
 
-    // The script of a machine's network-services.ini, when it has one.
-    RecordingServices& Like(const bench::Machine& aMachine);
     // Results for successive calls of a function; the last one repeats.
     RecordingServices& Answer(const std::string& astrFunction, std::vector<DWORD> aResults);
-    RecordingServices& JoinInformation(const std::string& astrName, DWORD alngStatus);
 
-    std::vector<bench::StandInCall> Calls() const { return mCalls; }
     std::vector<bench::StandInCall> Calls(const std::string& astrFunction) const;
     // The functions called, in order.
     std::vector<std::string> Functions() const;
@@ -83,47 +78,12 @@ class LogWatch {
   public:
     LogWatch();
     std::vector<std::string> Lines() const;
-    bool Contains(const std::string& astrLine) const;
 
   private:
     size_t mlngStart = 0;
 };
 
-// A registry value as stored: its type and raw bytes; `Exists` false when the
-// key or the value is missing.
-struct StoredValue {
-    bool Exists = false;
-    DWORD Type = REG_NONE;
-    std::vector<BYTE> Bytes;
-
-    // REG_SZ data up to its NUL; the entries of a REG_MULTI_SZ; a dword.
-    std::string Text() const;
-    std::vector<std::string> Entries() const;
-    DWORD Number() const;
-    bool operator==(const StoredValue& other) const {
-        return Exists == other.Exists && Type == other.Type && Bytes == other.Bytes;
-    }
-};
-
-StoredValue ReadStored(HKEY ahRoot, const std::string& astrKey, const std::string& astrValue);
-// Writes raw data of any type, for damaging a machine on purpose.
-void WriteStored(HKEY ahRoot, const std::string& astrKey, const std::string& astrValue,
-                 DWORD alngType, const std::vector<BYTE>& aBytes);
-void WriteStoredText(HKEY ahRoot, const std::string& astrKey, const std::string& astrValue,
-                     const std::string& astrText);
 void DeleteStored(HKEY ahRoot, const std::string& astrKey, const std::string& astrValue);
-
-// The places the back end writes for an adapter, below HKEY_LOCAL_MACHINE.
-std::string InterfaceKey(const std::string& astrAdapterKey);
-std::string NetBTInterfaceKey(const std::string& astrAdapterKey);
-inline constexpr const char* kTcpipParameters =
-    "SYSTEM\\CurrentControlSet\\Services\\Tcpip\\Parameters";
-inline constexpr const char* kNetBTParameters =
-    "SYSTEM\\CurrentControlSet\\Services\\NetBT\\Parameters";
-
-// Every value the back end may write for an adapter or the machine, with its
-// content: compared before and after an apply to see what changed.
-std::map<std::string, StoredValue> WritableValues(const std::string& astrAdapterKey);
 
 // The adapter keys of the simulated machines.
 inline constexpr const char* kLaptopWired = "{6A3C7E10-5B2D-4F0E-9C41-8E2D5B7A9F01}";
@@ -133,8 +93,5 @@ inline constexpr const char* kAccountsFirst = "{0B6F8A2C-3E41-4D95-A7C2-64E1F0D3
 inline constexpr const char* kAccountsSecond = "{9D2E4C71-8A05-4F3B-B1E6-2C7A5D0F8E93}";
 inline constexpr const char* kServerFirst = "{5E7C2B90-1F3A-4C6D-8B4E-0A9D3F2E6C15}";
 inline constexpr const char* kServerSecond = "{7B1D4E62-A93C-4F08-9E25-3C6F8A0B2D47}";
-
-// A NUL-separated list, as the back end keeps addresses and masks.
-std::string NulList(const std::vector<std::string>& astrEntries);
 
 }  // namespace rwz::test
