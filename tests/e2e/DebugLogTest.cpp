@@ -67,7 +67,7 @@ TEST(DebugLog, ASecondCopyAddsToTheRunningCopysLog) {
     bench::RunResult applies = bench::RunRwz(apply);
     WaitForSingleObject(release, INFINITE);
     CloseHandle(release);
-    EXPECT_EQ(0u, applies.exitCode) << applies.Describe();
+    EXPECT_EQ(3010u, applies.exitCode) << applies.Describe();
     EXPECT_EQ(0u, applies.log.find(running)) << applies.log;
     const size_t waits = applies.log.find("this copy applies when it has finished");
     const size_t header = applies.log.find("Roamwise Log File");
