@@ -356,7 +356,9 @@ class Runner {
         if (!mRan) return;
         mRan = false;
         EXPECT_EQ(mExit, mRun.exitCode) << mRun.Describe();
-        if (mSessionStrict) EXPECT_TRUE(mRun.DialogsAsScripted()) << mRun.Describe();
+        if (mSessionStrict) {
+            EXPECT_TRUE(mRun.DialogsAsScripted()) << mRun.Describe();
+        }
         mSessionStrict = false;
         if (mHidden) {
             EXPECT_FALSE(mRun.ShowedWindow()) << mRun.Describe();

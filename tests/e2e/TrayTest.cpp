@@ -11,6 +11,7 @@
 
 #include "bench/Bench.h"
 #include "bench/standins/NetworkStandIns.h"
+#include "support/RawRegistry.h"
 #include "browsers/modShellFolders.h"
 #include "shell/RwzExitCode.h"
 #include "shell/modShortcut.h"
@@ -198,7 +199,8 @@ TEST(Tray, AGoneFolderAMissingRwzAndAFailedApplyAreToldAndTheTrayRunsOn) {
 
     // Rwz.exe refuses the system it finds: nothing is applied, and the tray says so.
     Install("Rwz.exe");
-    bench::Machine::SetRwzVersion("win10");
+    rwz::test::RawSetString(HKEY_CURRENT_USER, "Software\\Wine\\AppDefaults\\Rwz.exe", "Version",
+                            "win10");
     tray.Command(kCmdFirstProfile);
     const std::string log = WaitForLog("clsSysTray - Fail: home could not be applied.");
     WaitUntilAnswered();
