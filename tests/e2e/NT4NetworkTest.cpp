@@ -14,9 +14,16 @@
 
 #include "bench/Bench.h"
 #include "bench/standins/NetworkStandIns.h"
+#include "e2e/NetworkRunChecks.h"
 #include "e2e/RegistrySnapshot.h"
 
 namespace {
+
+using bench::Describe;
+using bench::FoundAdapters;
+using bench::Key;
+using bench::NetworkSections;
+using bench::SetKey;
 
 const char kServices[] = "HKLM\\SYSTEM\\CurrentControlSet\\Services\\";
 const char kTcpip[] = "HKLM\\SYSTEM\\CurrentControlSet\\Services\\Tcpip\\Parameters\\";
@@ -39,46 +46,6 @@ bench::RegSnapshot Watched() {
                             "HKCU\\Software\\Microsoft\\Windows NT\\CurrentVersion\\Windows"});
 }
 
-std::string Key(const std::string& file, const char* section, const char* key) {
-    char buffer[1024] = {};
-    GetPrivateProfileStringA(section, key, "<missing>", buffer, sizeof buffer, file.c_str());
-    return buffer;
-}
-
-void SetKey(const std::string& file, const char* section, const char* key,
-            const std::string& value) {
-    ASSERT_TRUE(WritePrivateProfileStringA(section, key, value.c_str(), file.c_str()));
-}
-
-// The [Network] and [Printer] sections of a profile, as written.
-std::string NetworkSections(const std::string& path) {
-    std::string text;
-    bool inside = false;
-    for (const std::string& line : bench::SplitLines(bench::ReadFileText(path))) {
-        if (!line.empty() && line[0] == '[') inside = line == "[Network]" || line == "[Printer]";
-        if (inside) text += line + "\n";
-    }
-    return text;
-}
-
-// The adapters a run found, in order, from its log.
-std::vector<std::string> FoundAdapters(const bench::RunResult& run) {
-    std::vector<std::string> names;
-    const std::string mark = "]: Display Name: ";
-    for (const std::string& line : run.LogLines()) {
-        const size_t at = line.find(mark);
-        if (at != std::string::npos && line.find("clsNICNT - ") != std::string::npos)
-            names.push_back(line.substr(at + mark.size()));
-    }
-    return names;
-}
-
-std::string Describe(const std::set<std::string>& names) {
-    std::string text;
-    for (const std::string& name : names) text += name + "\n";
-    return text;
-}
-
 // --- Capture, save, load, apply --------------------------------------------------
 
 struct CaptureCase {
@@ -97,7 +64,7 @@ TEST_P(NT4Capture, SavesTheMachineAndAppliesItBackUnchanged) {
     network.Like(machine);
 
     bench::RunResult saved = bench::RunRwz("/hidden /save C:\\cur.rwz /export C:\\cur.txt");
-    EXPECT_EQ(c.adapters, FoundAdapters(saved)) << saved.log;
+    EXPECT_EQ(c.adapters, FoundAdapters(saved, "clsNICNT")) << saved.log;
     EXPECT_EQ("1", Key("C:\\cur.rwz", "Enabled Sections", "General"));
     for (const auto& [key, value] : c.keys) {
         const bool printer = key.compare(0, 2, "P:") == 0;
