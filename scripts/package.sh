@@ -33,11 +33,11 @@ else
     defines=()
     out=$build_root/package/RoamwiseSetup.exe
 fi
-# Only the two programs: the test programs are not needed here.
+# Only what the installer ships: the test programs are not needed here.
 if [ ! -f "$tree/build.ninja" ]; then
     "$here/scripts/build.sh"
 else
-    cmake --build "$tree" -j "${RWZ_JOBS:-2}" --target Rwz RwzSysTray
+    cmake --build "$tree" -j "${RWZ_JOBS:-2}" --target Rwz RwzSysTray RwzHosts
 fi
 
 mkdir -p "$(dirname "$out")"

@@ -1,7 +1,8 @@
 #!/usr/bin/env bash
 # check-imports.sh EXE [--list]
-# The 32-bit Rwz.exe and RwzSysTray.exe must load on Windows 95, 98, ME, NT 4, 2000, XP and Server
-# 2003: the loader refuses an exe whose import table names a function or DLL
+# The 32-bit Rwz.exe, RwzSysTray.exe and RwzHosts.dll must load on Windows 95,
+# 98, ME, NT 4, 2000, XP and Server 2003: the loader refuses a module whose
+# import table names a function or DLL
 # that the running system lacks. Fails when the import table names a DLL
 # outside the allowed list, or a function of missing-imports.txt (each one is
 # missing on at least one supported system; such functions are looked up at
@@ -12,7 +13,9 @@ objdump=${OBJDUMP:-i686-w64-mingw32-objdump}
 
 allowed_dlls=" kernel32.dll user32.dll gdi32.dll advapi32.dll comdlg32.dll comctl32.dll"
 # ole32: the shell's link object (Create Desktop Shortcut), there from Windows 95 and NT 4 on.
-allowed_dlls+=" shell32.dll version.dll winspool.drv wsock32.dll msvcrt.dll ole32.dll "
+allowed_dlls+=" shell32.dll version.dll winspool.drv wsock32.dll msvcrt.dll ole32.dll"
+# oleaut32: OLE Automation (BSTR, VARIANT), which every add-in needs, is there as well.
+allowed_dlls+=" oleaut32.dll "
 
 # Functions that some supported system lacks, with the first systems that have them.
 missing_somewhere=$(grep -v '^#' "$(dirname "$0")/missing-imports.txt")

@@ -75,7 +75,7 @@ wine reg add 'HKCU\Software\Wine\AppDefaults\Rwz.exe' /v Version /d winxp /f >/d
 timeout 120 wine "$installer" /S </dev/null >/dev/null 2>&1
 check "the installer ends with 0" [ $? = 0 ]
 for file in Rwz.exe RwzSysTray.exe Rwz.exe.manifest RwzSysTray.exe.manifest de-de.slf \
-    Examples/office.rwz Examples/home.rwz Examples/client-site.rwz Uninstall.exe; do
+    AddIns/RwzHosts.dll Examples/office.rwz Examples/home.rwz Examples/client-site.rwz Uninstall.exe; do
     check "installed: $file" [ -f "$inst/$file" ]
 done
 menu=$(find "$drive" -type d -path "*Start Menu/Programs/Roamwise" | head -1)
@@ -94,6 +94,7 @@ cp "$source_dir/examples/office.rwz" "$inst/my office.rwz"
 wine start "$win_inst\\my office.rwz" </dev/null >/dev/null 2>&1
 check "a .rwz started from the shell opens in Rwz.exe" \
     wait_for 30 log_has "frmMain - OpenConfigurationFile = $win_inst\\my office.rwz"
+check "... whose Tools menu offers the hosts file add-in" wait_for 10 log_has "Add-In menu entry: Hosts File..."
 
 # The tray program runs while the uninstaller runs: it is asked to close.
 wine start "$win_inst\\RwzSysTray.exe" </dev/null >/dev/null 2>&1
@@ -108,6 +109,8 @@ check "only the user's profile is left in the program folder (left: $left)" \
     [ "$left" = "./my office.rwz " ]
 check "the Start Menu folder is gone" [ ! -e "$menu" ]
 check "the association is gone" [ -z "$(reg_value 'HKCR\.rwz')" ]
+check "the add-in is unregistered" eval '! wine reg query "HKCR\Roamwise.HostsFile" >/dev/null 2>&1'
+check "... and no longer entered" eval '! wine reg query "HKLM\Software\Roamwise\Add-Ins\Hosts File" >/dev/null 2>&1'
 check "the file type is gone" eval '! wine reg query "HKCR\rwz_auto_file" >/dev/null 2>&1'
 check "the tray program says it no longer runs" \
     eval 'wine reg query "HKLM\Software\Roamwise\Options" /v TrayIconActive 2>/dev/null | grep -q "REG_SZ[[:space:]]*0"'
