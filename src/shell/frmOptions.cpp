@@ -133,7 +133,12 @@ void frmOptions::LoadOptions() {
 
             const std::string command =
                 reg::ReadText(AssociationCommandKey(), "").value_or(std::string());
-            mblnAssociated = ToUpper(command) == ToUpper(ProgramFolder()) + "\\RWZ.EXE %1";
+            // The installer quotes both the program and "%1" (paths with spaces);
+            // either form opens profiles with this copy.
+            std::string unquoted;
+            for (char c : command)
+                if (c != '"') unquoted += c;
+            mblnAssociated = ToUpper(unquoted) == ToUpper(ProgramFolder()) + "\\RWZ.EXE %1";
             SetChecked(CheckId(kAssociation), mblnAssociated);
 
             mblnIsXP = OSFamilyOf(Trim(GetCurrentOSTag())) == OSFamily::XP;
