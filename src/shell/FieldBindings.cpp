@@ -1,5 +1,6 @@
 #include "shell/FieldBindings.h"
 
+#include <algorithm>
 #include <utility>
 
 namespace rwz {
@@ -119,10 +120,13 @@ bool FieldBindings::ShowListText(HWND combo, const std::string& astrValue) {
     return true;
 }
 
-std::vector<int> FieldBindings::Refill(HWND page, bool ablnAssign) {
+std::vector<int> FieldBindings::Refill(HWND page, bool ablnAssign, const std::vector<int>& aOnly) {
     std::vector<int> changed;
     mblnRefilling = true;
     for (const Binding& binding : mBindings) {
+        if (!aOnly.empty() &&
+            std::find(aOnly.begin(), aOnly.end(), binding.controlId) == aOnly.end())
+            continue;
         switch (binding.kind) {
             case Kind::Check: {
                 const bool value = binding.getFlag();

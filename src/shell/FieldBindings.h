@@ -41,9 +41,9 @@ class FieldBindings {
     // for lists that may hold the same text twice.
     void AddChoice(int aintControlId, ItemsGetter items, IndexGetter get, IndexSetter set);
 
-    // Shows every bound value on `page`. Returns the ids of the controls whose
-    // shown value changed.
-    std::vector<int> Refill(HWND page, bool ablnAssign);
+    // Shows every bound value on `page` (only the controls of `aOnly` when it
+    // names some). Returns the ids of the controls whose shown value changed.
+    std::vector<int> Refill(HWND page, bool ablnAssign, const std::vector<int>& aOnly = {});
 
     // A control notification (WM_COMMAND): a user's edit of a bound control
     // assigns its property. True when the control is bound and was assigned.

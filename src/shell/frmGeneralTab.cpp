@@ -260,7 +260,12 @@ void frmGeneralTab::NICSelected(int aintIndex) {
         mstrShownAddresses = AddressList();
         mstrShownMasks = MaskList();
         FillIndexBox();
-        mBindings.Refill(mhWnd, false);
+        // Only the adapter's own fields: the machine-wide ones still show what
+        // they showed, so that a profile's change to them is still seen as one.
+        mBindings.Refill(
+            mhWnd, false,
+            {IDC_GEN_DHCP, IDC_GEN_IPADDRESS, IDC_GEN_IPMASK, IDC_GEN_GATEWAY, IDC_GEN_DNSSERVERS,
+             IDC_GEN_WINS, IDC_GEN_WINSSERVER1, IDC_GEN_WINSSERVER2});
         mblnRefilling = false;
         ShowAdapterType();
     });
