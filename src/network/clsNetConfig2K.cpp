@@ -133,7 +133,7 @@ NetConfigParticulars clsNetConfig2K::Particulars() {
                         Op(&C::ReadPrinterList)),
                 NetApply::Never),
         TextRow("AdvPrinterSettings", S::AdvPrinterSettings, &R::PrinterPort, K::Text, kNoPlace,
-                Op(&C::ReadPrinterPort), Op(&C::WritePrinterCapture)),
+                Op(&C::ReadAdvPrinterSettings), Op(&C::WriteAdvPrinterSettings)),
     };
     return particulars;
 }

@@ -1,20 +1,15 @@
 #include "network/clsNetConfig9x.h"
 
 #include <windows.h>
-#include <winspool.h>
 
+#include "network/ZvPrinter.h"
 #include "network/clsNIC9x.h"
 #include "platform/Procedure.h"
-#include "platform/Win32Handles.h"
 #include "platform/modRegistry.h"
 #include "platform/modUtilities.h"
 #include "profile/modProfileIO.h"
 
 namespace rwz {
-
-BOOL PrinterTraits::Close(HANDLE h) {
-    return h ? ClosePrinter(h) : TRUE;
-}
 
 namespace {
 
@@ -61,6 +56,8 @@ const RegistryPlace kMask = Adapter("IPMask");
 NetConfigParticulars clsNetConfig9x::Particulars() {
     NetConfigParticulars particulars;
     particulars.ClassName = kObject;
+    particulars.ReconnectStore = "\\HKEY_CURRENT_USER\\Network\\Persistent\\";
+    particulars.PortInWinIni = true;
     particulars.Rows = {
         TextRow("ComputerName", S::ComputerName, &R::ComputerName, K::Text,
                 Text(kComputerNameKey, "ComputerName")),
@@ -101,7 +98,7 @@ NetConfigParticulars clsNetConfig9x::Particulars() {
                         Op(&C::ReadPrinterList)),
                 NetApply::Never),
         TextRow("AdvPrinterSettings", S::AdvPrinterSettings, &R::PrinterPort, K::Text, kNoPlace,
-                Op(&C::ReadPrinterPort), Op(&C::WritePrinterCapture)),
+                Op(&C::ReadAdvPrinterSettings), Op(&C::WriteAdvPrinterSettings)),
     };
     return particulars;
 }
@@ -171,29 +168,9 @@ void clsNetConfig9x::WriteSpoolerDefaultPrinter() {
     const std::string& printer = mRecord.DefaultPrinter;
     LogLine("SetDefaultPrinter = " + printer);
     if (printer.empty()) return;
-    PRINTER_DEFAULTSA access{nullptr, nullptr, PRINTER_ALL_ACCESS};
-    HANDLE opened = nullptr;
-    if (!OpenPrinterA(const_cast<char*>(printer.c_str()), &opened, &access)) {
-        LogLine("SetDefaultPrinter: OpenPrinter failed: " + std::to_string(GetLastError()));
+    if (!ZvPrinter::Update(
+            printer, [](PRINTER_INFO_2A& info) { info.Attributes |= PRINTER_ATTRIBUTE_DEFAULT; }))
         return;
-    }
-    PrinterHandle handle(opened);
-    // The level-2 record, in four-byte units so that its pointers are aligned.
-    DWORD needed = 0;
-    std::vector<DWORD> buffer(1);
-    GetPrinterA(handle.Get(), 2, reinterpret_cast<BYTE*>(buffer.data()), sizeof(DWORD), &needed);
-    buffer.resize(needed / sizeof(DWORD) + 3);
-    if (!GetPrinterA(handle.Get(), 2, reinterpret_cast<BYTE*>(buffer.data()),
-                     static_cast<DWORD>(buffer.size() * sizeof(DWORD)), &needed)) {
-        LogLine("SetDefaultPrinter: GetPrinter failed: " + std::to_string(GetLastError()));
-        return;
-    }
-    auto* info = reinterpret_cast<PRINTER_INFO_2A*>(buffer.data());
-    info->Attributes |= PRINTER_ATTRIBUTE_DEFAULT;
-    if (!SetPrinterA(handle.Get(), 2, reinterpret_cast<BYTE*>(info), 0)) {
-        LogLine("SetDefaultPrinter: SetPrinter failed: " + std::to_string(GetLastError()));
-        return;
-    }
     SendMessageA(HWND_BROADCAST, WM_WININICHANGE, 0, reinterpret_cast<LPARAM>("windows"));
 }
 

@@ -4,7 +4,8 @@
 // the machine-wide ones below VxD\MSTCP, names and workgroup below VNETSUP,
 // the network logon below MSNP32 and Network\Logon. Nothing is joined or
 // pushed: the system takes the values at its next start. The default printer
-// is set through the spooler.
+// is set through the spooler; a printer's new port is also written to WIN.INI,
+// where programs of these systems look for it.
 //
 // Lists ("IPAddress", "IPMask", "DefaultGateway", "NameServer") are kept with
 // "," between entries, as the system keeps them. DHCP is on when the adapter's

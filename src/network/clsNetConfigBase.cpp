@@ -7,7 +7,9 @@
 
 #include "localization/modLocalization.h"
 #include "network/modAdapterChoice.h"
+#include "network/ZvPrinter.h"
 #include "network/modAddressCheck.h"
+#include "network/modPrinterCapture.h"
 #include "network/modScramble.h"
 #include "platform/Procedure.h"
 #include "platform/modLogging.h"
@@ -125,7 +127,13 @@ const ProfileKey kProfileKeys[] = {
 const NetText kAddressLists[] = {&R::IPAddress,  &R::IPMask,      &R::DefaultGateway,
                                  &R::DNSServers, &R::WINSServer1, &R::WINSServer2};
 
+// How long a program that does not answer may hold up the broadcast.
+const UINT kBroadcastTimeout = 5000;
+// LPT1 to LPT8.
+const int kCaptureDevices = 8;
+
 enum : int16_t {
+    kMsgNoCapture = 38,
     kMsgNotAnAddress = 80,
     kMsgValueCut = 81,
     kMsgNoAdapterMatches = 82,
@@ -186,7 +194,6 @@ void clsNetConfigBase::LogLine(const std::string& astrText) const {
 }
 
 // --- Lists -------------------------------------------------------------------
-
 
 std::vector<uint8_t> clsNetConfigBase::MultiStringBytes(
     const std::vector<std::string>& astrEntries) {
@@ -548,20 +555,102 @@ void clsNetConfigBase::WriteDefaultPrinter() {
     SendMessageA(HWND_BROADCAST, WM_WININICHANGE, 0, reinterpret_cast<LPARAM>("windows"));
 }
 
-void clsNetConfigBase::ReadPrinterPort() {
+// The printer's port, and the first parallel port captured (with whether the
+// system restores it at logon); no device when nothing is captured.
+void clsNetConfigBase::ReadAdvPrinterSettings() {
     const std::string port =
         mRecord.DefaultPrinter.empty()
             ? std::string()
             : reg::ReadText(std::string(kPrintersKey) + "\\" + mRecord.DefaultPrinter, "Port")
                   .value_or("");
     mRecord.PrinterPort = port.substr(0, port.find('\0'));
+    mRecord.PrinterCaptureDev.clear();
+    mRecord.PrinterCapturePath.clear();
+    mRecord.PrinterCaptureReconnect = false;
+    for (int number = 1; number <= kCaptureDevices; ++number) {
+        const std::string device = "LPT" + std::to_string(number);
+        const std::string path = CapturePath(device);
+        if (path.empty()) continue;
+        mRecord.PrinterCaptureDev = device;
+        mRecord.PrinterCapturePath = path;
+        mRecord.PrinterCaptureReconnect = reg::KeyExists(mParticulars.ReconnectStore + device);
+        return;
+    }
 }
 
-void clsNetConfigBase::WritePrinterCapture() {
+void clsNetConfigBase::WriteAdvPrinterSettings() {
     if (!IsChanged(S::AdvPrinterSettings)) return;
-    // The printer's port and the capture of a printer port are not set yet;
-    // the values stay in the record and in the profile.
-    LogLine("SetAdvPrinterSettings: port and capture left as they are");
+    if (!mRecord.EnableAdvPrinterSettings) {
+        LogLine("SetAdvPrinterSettings: not part of the profile");
+        return;
+    }
+    WritePrinterPort();
+    WriteCapture();
+    // Running programs re-read the printer settings: the system's cached
+    // WIN.INI first, then the news that its "windows" section changed.
+    ::WriteProfileStringA(nullptr, nullptr, nullptr);
+    DWORD_PTR ignored = 0;
+    SendMessageTimeoutA(HWND_BROADCAST, WM_WININICHANGE, 0, reinterpret_cast<LPARAM>("windows"),
+                        SMTO_ABORTIFHUNG, kBroadcastTimeout, &ignored);
+    LogLine("SetAdvPrinterSettings: change of \"windows\" broadcast");
+}
+
+void clsNetConfigBase::WritePrinterPort() {
+    const std::string& printer = mRecord.DefaultPrinter;
+    const std::string port = Trim(mRecord.PrinterPort);
+    LogLine("SetAdvPrinterSettings: port of " + printer + " = " + port);
+    if (printer.empty() || port.empty()) return;
+    // A port the machine lacks would leave the printer printing nowhere.
+    if (!ZvPrinter::HasPort(port)) {
+        LogLine("SetAdvPrinterSettings: no port " + port + " here: the printer keeps its port");
+        return;
+    }
+    const std::string key = std::string(kPrintersKey) + "\\" + printer;
+    if (reg::KeyExists(key)) reg::Write(key, "Port", kRegString, port);
+    const bool set = ZvPrinter::SetPort(printer, port);
+    LogLine(std::string("SetAdvPrinterSettings: SetPrinter RC = ") + (set ? "1" : "0"));
+    if (mParticulars.PortInWinIni) WritePortToWinIni(printer, port);
+}
+
+void clsNetConfigBase::WriteCapture() {
+    const std::string device = Trim(mRecord.PrinterCaptureDev);
+    const std::string path = Trim(mRecord.PrinterCapturePath);
+    if (device.empty() || device == kNoCapture) {
+        LogLine("SetAdvPrinterSettings: no capture");
+        return;
+    }
+    const std::string failed = MessageText(kMsgNoCapture, {path + " - " + device});
+    // What cannot be captured leaves the device's connection as it is.
+    if (!IsCaptureDevice(device) || !IsPrinterPath(path)) {
+        LogLine("SetAdvPrinterSettings: " + device + " cannot be captured to " + path);
+        Report(failed);
+        return;
+    }
+    // Any earlier connection of the device goes first.
+    CancelCapture(device, mRecord.PrinterCaptureReconnect);
+    if (AddCapture(device, path, mRecord.PrinterCaptureReconnect) != 0) Report(failed);
+}
+
+void clsNetConfigBase::WritePortToWinIni(const std::string& astrPrinter,
+                                         const std::string& astrPort) const {
+    // Each entry lists the driver first, then the port, then what follows it.
+    struct Entry {
+        const char* Section;
+        const char* Key;
+        size_t PortPart;
+    };
+    for (const Entry& entry :
+         {Entry{"devices", astrPrinter.c_str(), 1}, Entry{"PrinterPorts", astrPrinter.c_str(), 1},
+          Entry{"windows", "Device", 2}}) {
+        char buffer[1024] = {};
+        ::GetProfileStringA(entry.Section, entry.Key, "", buffer, sizeof buffer);
+        std::vector<std::string> parts = Split(buffer, ",");
+        if (parts.size() <= entry.PortPart) continue;
+        // "Device" names the default printer first: only this printer's changes.
+        if (entry.PortPart == 2 && Trim(parts[0]) != astrPrinter) continue;
+        parts[entry.PortPart] = astrPort;
+        ::WriteProfileStringA(entry.Section, entry.Key, Join(parts, ",").c_str());
+    }
 }
 
 void clsNetConfigBase::GetAdvPrinterSettings() {

@@ -95,6 +95,12 @@ struct NetConfigParticulars {
     // it checks its own flag. DisablePWDCache and QuickLogon are supported
     // exactly when they have a row.
     std::vector<NetSettingRow> Rows;
+    // Where the system keeps the connections it restores at logon, one key
+    // per local device ("LPT1") below it.
+    const char* ReconnectStore = "\\HKEY_CURRENT_USER\\Network\\";
+    // Programs take a printer's port from WIN.INI ("devices", "PrinterPorts",
+    // the "windows" section's "Device"), which the system does not update.
+    bool PortInWinIni = false;
 };
 
 class clsNetConfigBase : public INetConfig {
@@ -168,12 +174,13 @@ class clsNetConfigBase : public INetConfig {
     const NetSettingRow* Row(NetSetting aSetting) const;
 
     // The printer operations all families share: the printers the spooler
-    // lists, the "windows" section's default printer, the printer's port.
+    // lists, the "windows" section's default printer, the printer's port and
+    // the capture of a printer port.
     void ReadPrinterList();
     void ReadDefaultPrinter();
     void WriteDefaultPrinter();
-    void ReadPrinterPort();
-    void WritePrinterCapture();
+    void ReadAdvPrinterSettings();
+    void WriteAdvPrinterSettings();
 
     NetRecord mRecord;
 
@@ -191,6 +198,10 @@ class clsNetConfigBase : public INetConfig {
     std::string Refusal() const;
     // The computer name, host name and workgroup: never written empty.
     static bool IsNameSetting(NetSetting aSetting);
+    // The two steps of WriteAdvPrinterSettings.
+    void WritePrinterPort();
+    void WriteCapture();
+    void WritePortToWinIni(const std::string& astrPrinter, const std::string& astrPort) const;
 
     NetConfigParticulars mParticulars;
     std::vector<std::string> mastrAdapterKeys;

@@ -101,7 +101,7 @@ NetConfigParticulars clsNetConfigNT::Particulars() {
                         Op(&C::ReadPrinterList)),
                 NetApply::Never),
         TextRow("AdvPrinterSettings", S::AdvPrinterSettings, &R::PrinterPort, K::Text, kNoPlace,
-                Op(&C::ReadPrinterPort), Op(&C::WritePrinterCapture)),
+                Op(&C::ReadAdvPrinterSettings), Op(&C::WriteAdvPrinterSettings)),
     };
     return particulars;
 }

@@ -67,6 +67,18 @@ std::vector<int> frmGeneralTab::RefillFrom(INetConfig* aobjNet, bool ablnAssign)
         mstrShownMasks = masks;
         FillIndexBox();
         changed = mBindings.Refill(mhWnd, ablnAssign);
+        // The printer options are edited in their own dialog: a profile whose
+        // options differ from those shown assigns them again, as one group.
+        const std::string printerOptions = PrinterOptionsShown();
+        if (ablnAssign && printerOptions != mstrShownPrinterOptions) {
+            const NetRecord shown = mobjNet->Record();
+            mobjNet->Assign(&NetRecord::PrinterPort, shown.PrinterPort);
+            mobjNet->Assign(&NetRecord::PrinterCaptureDev, shown.PrinterCaptureDev);
+            mobjNet->Assign(&NetRecord::PrinterCapturePath, shown.PrinterCapturePath);
+            mobjNet->Assign(&NetRecord::PrinterCaptureReconnect, shown.PrinterCaptureReconnect);
+            changed.push_back(IDC_GEN_PRINTEROPTIONS);
+        }
+        mstrShownPrinterOptions = printerOptions;
         mblnRefilling = false;
         if (ablnAssign && !changed.empty())
             proc.Log(std::to_string(changed.size()) + " settings differ");
@@ -185,6 +197,8 @@ void frmGeneralTab::OnCommand(WPARAM wParam, LPARAM) {
         // The page is a child of the main window (GetAncestor is missing on 95 and NT 4).
         ModifyCredentials(*mobjNet, GetParent(mhWnd));
         Host().PageEdited();
+    } else if (id == IDC_GEN_PRINTEROPTIONS && code == BN_CLICKED) {
+        SendMessageA(GetParent(mhWnd), WM_COMMAND, IDC_GEN_PRINTEROPTIONS, 0);
     }
 }
 
@@ -319,6 +333,13 @@ void frmGeneralTab::ShowAdapterType() {
     SetDlgItemTextA(mhWnd, IDC_GEN_ADAPTERTYPE, text.c_str());
 }
 
+std::string frmGeneralTab::PrinterOptionsShown() const {
+    const NetRecord& record = mobjNet->Record();
+    return Join({record.PrinterPort, record.PrinterCaptureDev, record.PrinterCapturePath,
+                 record.PrinterCaptureReconnect ? "1" : "0"},
+                "\n");
+}
+
 void frmGeneralTab::ShowPrinterPort() {
     const std::string port = mobjNet ? mobjNet->Record().PrinterPort : std::string();
     SetDlgItemTextA(mhWnd, IDC_GEN_PRINTERPORT, port.empty() ? "" : ("Port: " + port).c_str());
@@ -378,6 +399,8 @@ void frmGeneralTab::UpdateEnabling() {
         const bool printers = mobjNet && !mobjNet->Record().printerList.empty();
         Enable(IDC_GEN_SETPRINTER, printers);
         Enable(IDC_GEN_PRINTER, printers && IsChecked(IDC_GEN_SETPRINTER));
+        // The port belongs to a printer; the capture goes with it.
+        Enable(IDC_GEN_PRINTEROPTIONS, printers);
     });
 }
 

@@ -13,7 +13,8 @@
 //   while DHCP is on (the DHCP server gives WINS there);
 // - the workgroup or the domain field, whichever is not chosen, and the
 //   domain account unless a domain is chosen on "2K", "XP" or "2003";
-// - the printer box while the default printer is not set or none exists.
+// - the printer box while the default printer is not set or none exists, and
+//   the printer options while no printer exists.
 // The quick logon and password cache switches are shown on "9x" only.
 #pragma once
 
@@ -73,6 +74,8 @@ class frmGeneralTab : public clsTabPage {
     void DefaultPrinterSelected(const std::string& astrPrinter);
     void ShowAdapterType();
     void ShowPrinterPort();
+    // The printer options (port and capture) in one text, to tell a change.
+    std::string PrinterOptionsShown() const;
     void ValidateField(int aintControlId);
     bool IsChecked(int aintControlId) const;
     void Enable(int aintControlId, bool ablnEnabled) const;
@@ -86,6 +89,7 @@ class frmGeneralTab : public clsTabPage {
     // not only the one in the fields, assigns the list.
     std::string mstrShownAddresses;
     std::string mstrShownMasks;
+    std::string mstrShownPrinterOptions;
     bool mblnRefilling = false;
 };
 

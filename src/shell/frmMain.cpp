@@ -16,11 +16,13 @@
 #include "shell/frmAbout.h"
 #include "shell/frmExplorerTab.h"
 #include "shell/frmGeneralTab.h"
+#include "shell/frmGeneralTabRes.h"
 #include "shell/frmLanguage.h"
 #include "shell/frmMainRes.h"
 #include "shell/frmNetscapeTab.h"
 #include "shell/frmOperaTab.h"
 #include "shell/frmOptions.h"
+#include "shell/frmPrinter.h"
 #include "shell/frmRestart.h"
 #include "shell/RwzExitCode.h"
 #include "shell/modCommandLine.h"
@@ -311,6 +313,8 @@ void frmMain::RunCommand(int aintId) {
             return PrintSetup();
         case IDM_TOOLS_OPTIONS:
             return ShowOptions();
+        case IDC_GEN_PRINTEROPTIONS:
+            return PrinterOptions();
         case IDM_TOOLS_LANGUAGE:
             return ShowLanguage();
         case IDM_FILE_EXIT:
@@ -564,6 +568,17 @@ void frmMain::ShowOptions() {
         mblnAutoReset = GetProgramSetting(kProductName, kOptions, "AutoReset", "0") == "1";
         mobjMRU.GetRecentList();
         InitializeMenu();
+    });
+}
+
+void frmMain::PrinterOptions() {
+    Procedure proc(kObject, "PrinterOptions");
+    proc.Run([&] {
+        INetConfig* net = mobjConfig ? mobjConfig->GetNetConfig() : nullptr;
+        if (!net || frmPrinter(*net).Show(mhWnd) != IDOK) return;
+        // The page takes the new options as shown, the window the edit.
+        mobjPages[kPageGeneral]->Refill(*mobjConfig, false);
+        PageEdited();
     });
 }
 

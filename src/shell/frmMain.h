@@ -57,6 +57,8 @@ class frmMain : public clsDialog, public ITabHost {
     void ProcessCommandLineSwitches(const std::vector<std::string>& avarArgs);
     void DisplayAboutDialog();
     void ShowOptions();
+    // The printer options dialog, from the General page.
+    void PrinterOptions();
     void ShowLanguage();
     // The captions of the window, its tabs, menus and tool tips in the current
     // language; built-in English where the language file has no text.

@@ -27,7 +27,7 @@ void PreferNativeDlls(const std::string& programName) {
     HKEY overrides = nullptr;
     LONG result = RegCreateKeyExA(HKEY_CURRENT_USER, key.c_str(), 0, nullptr, 0, KEY_SET_VALUE,
                                   nullptr, &overrides, nullptr);
-    for (const char* dll : {"netapi32", "dhcpcsvc"}) {
+    for (const char* dll : {"netapi32", "dhcpcsvc", "mpr"}) {
         if (result != ERROR_SUCCESS) break;
         const char order[] = "native,builtin";
         result = RegSetValueExA(overrides, dll, 0, REG_SZ, reinterpret_cast<const BYTE*>(order),
@@ -63,7 +63,7 @@ NetworkStandIns::NetworkStandIns(const std::string& program) {
     if (slash == std::string::npos) throw std::runtime_error("not a path: " + program);
     mFolder = program.substr(0, slash);
     MakeFolders(mFolder);
-    for (const char* dll : {"netapi32.dll", "dhcpcsvc.dll"}) {
+    for (const char* dll : {"netapi32.dll", "dhcpcsvc.dll", "mpr.dll"}) {
         const std::string built = StandInsDir() + "\\" + dll;
         if (!FileExists(built)) throw std::runtime_error("no stand-in " + built + " (not built?)");
         CopyFileReplacing(built, mFolder + "\\" + dll);

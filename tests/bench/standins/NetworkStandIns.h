@@ -1,8 +1,9 @@
 // The networking services of a program under test, stood in for: the DLLs
-// netapi32.dll and dhcpcsvc.dll built from tests/bench/standins are copied
-// beside the program, and Wine is told to load them for it instead of its own
-// (Wine's netapi32 lacks NetJoinDomain and NetUnjoinDomain and ends the
-// process in NetServerSetInfo; its dhcpcsvc does so in DhcpNotifyConfigChange).
+// netapi32.dll, dhcpcsvc.dll and mpr.dll built from tests/bench/standins are
+// copied beside the program, and Wine is told to load them for it instead of
+// its own (Wine's netapi32 lacks NetJoinDomain and NetUnjoinDomain and ends the
+// process in NetServerSetInfo; its dhcpcsvc does so in DhcpNotifyConfigChange;
+// its mpr has no network to capture a printer port to).
 // They answer as scripted and record every call.
 //
 //   bench::Machine machine("xp-laptop");

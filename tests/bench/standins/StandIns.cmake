@@ -1,11 +1,11 @@
 # Stand-ins for the networking services a test run must not reach in Wine:
-# netapi32.dll and dhcpcsvc.dll (NetworkStandIns.h tells how tests use them),
+# netapi32.dll, dhcpcsvc.dll and mpr.dll (NetworkStandIns.h tells how tests use them),
 # and a probe program that calls the program's networking services. All go to
 # tests/standins of the build tree. Included by tests/CMakeLists.txt after the
 # bench library.
 set(RWZ_STANDINS_BIN ${RWZ_TEST_BIN}/standins)
 
-foreach(dll netapi32 dhcpcsvc)
+foreach(dll netapi32 dhcpcsvc mpr)
   add_library(standin_${dll} SHARED ${CMAKE_CURRENT_LIST_DIR}/${dll}.cpp)
   set_target_properties(standin_${dll} PROPERTIES OUTPUT_NAME ${dll} PREFIX ""
                         RUNTIME_OUTPUT_DIRECTORY ${RWZ_STANDINS_BIN})
@@ -16,7 +16,7 @@ target_link_libraries(NetServicesProbe PRIVATE rwz_core)
 set_target_properties(NetServicesProbe PROPERTIES RUNTIME_OUTPUT_DIRECTORY ${RWZ_STANDINS_BIN})
 
 target_sources(rwz_bench PRIVATE ${CMAKE_CURRENT_LIST_DIR}/NetworkStandIns.cpp)
-add_dependencies(rwz_bench standin_netapi32 standin_dhcpcsvc NetServicesProbe)
+add_dependencies(rwz_bench standin_netapi32 standin_dhcpcsvc standin_mpr NetServicesProbe)
 
 # The network classes are tested against simulated machines, with the dialog
 # watcher answering their message boxes.
