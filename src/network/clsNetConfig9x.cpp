@@ -171,7 +171,7 @@ void clsNetConfig9x::WriteSpoolerDefaultPrinter() {
     if (!ZvPrinter::Update(
             printer, [](PRINTER_INFO_2A& info) { info.Attributes |= PRINTER_ATTRIBUTE_DEFAULT; }))
         return;
-    SendMessageA(HWND_BROADCAST, WM_WININICHANGE, 0, reinterpret_cast<LPARAM>("windows"));
+    BroadcastWindowsChange();
 }
 
 }  // namespace rwz

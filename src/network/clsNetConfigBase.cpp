@@ -552,7 +552,14 @@ void clsNetConfigBase::WriteDefaultPrinter() {
         return;
     }
     ::WriteProfileStringA("windows", "Device", (printer + "," + driver + "," + port).c_str());
-    SendMessageA(HWND_BROADCAST, WM_WININICHANGE, 0, reinterpret_cast<LPARAM>("windows"));
+    BroadcastWindowsChange();
+}
+
+// A hung program must not hold up the apply: it misses the news instead.
+void clsNetConfigBase::BroadcastWindowsChange() {
+    DWORD_PTR ignored = 0;
+    SendMessageTimeoutA(HWND_BROADCAST, WM_WININICHANGE, 0, reinterpret_cast<LPARAM>("windows"),
+                        SMTO_ABORTIFHUNG, kBroadcastTimeout, &ignored);
 }
 
 // The printer's port, and the first parallel port captured (with whether the
@@ -589,9 +596,7 @@ void clsNetConfigBase::WriteAdvPrinterSettings() {
     // Running programs re-read the printer settings: the system's cached
     // WIN.INI first, then the news that its "windows" section changed.
     ::WriteProfileStringA(nullptr, nullptr, nullptr);
-    DWORD_PTR ignored = 0;
-    SendMessageTimeoutA(HWND_BROADCAST, WM_WININICHANGE, 0, reinterpret_cast<LPARAM>("windows"),
-                        SMTO_ABORTIFHUNG, kBroadcastTimeout, &ignored);
+    BroadcastWindowsChange();
     LogLine("SetAdvPrinterSettings: change of \"windows\" broadcast");
 }
 

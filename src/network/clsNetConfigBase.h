@@ -179,6 +179,8 @@ class clsNetConfigBase : public INetConfig {
     void ReadPrinterList();
     void ReadDefaultPrinter();
     void WriteDefaultPrinter();
+    // Tells running programs that WIN.INI's "windows" section changed.
+    static void BroadcastWindowsChange();
     void ReadAdvPrinterSettings();
     void WriteAdvPrinterSettings();
 
