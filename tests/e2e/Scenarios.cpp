@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include <windows.h>
+#include <winspool.h>
 
 #include <algorithm>
 #include <atomic>
@@ -17,6 +18,7 @@
 #include "bench/standins/NetworkStandIns.h"
 #include "bench/standins/StandIns.h"
 #include "browsers/NetscapeMachine.h"
+#include "support/InstalledPrinters.h"
 #include "support/RawRegistry.h"
 
 namespace {
@@ -314,6 +316,17 @@ class Runner {
             const size_t slash = rest.find_last_of('\\');
             rwz::test::RawSetString(root, rest.substr(0, slash), rest.substr(slash + 1),
                                     f.size() > 1 ? f[1] : "");
+        } else if (v == "no-printers") {  // deleted here, Wine does not read them again from CUPS
+            for (const std::string& name : rwz::test::InstalledPrinters()) {
+                HANDLE printer = nullptr;
+                PRINTER_DEFAULTSA access = {nullptr, nullptr, PRINTER_ALL_ACCESS};
+                if (OpenPrinterA(const_cast<char*>(name.c_str()), &printer, &access)) {
+                    EXPECT_TRUE(DeletePrinter(printer)) << name;
+                    ClosePrinter(printer);
+                }
+            }
+            WriteProfileStringA("windows", "device", nullptr);
+            ASSERT_TRUE(rwz::test::InstalledPrinters().empty());
         } else if (v == "mutex") {  // another copy's, held to the end or until the log has TEXT
             HANDLE mutex = CreateMutexA(nullptr, FALSE, arg(0).c_str());
             const std::string until = f.size() > 1 ? f[1] : "";
