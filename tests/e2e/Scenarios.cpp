@@ -594,17 +594,18 @@ class Runner {
             EXPECT_EQ(arg(0), dialog.title);
             // Parts of its text; "+ID" a ticked box, "=TEXT" the button that answered it.
             for (size_t i = 1; i < f.size(); ++i) {
-                if (f[i][0] == '+')
+                if (f[i][0] == '+') {
                     EXPECT_TRUE(dialog.Control(std::stoi(f[i].substr(1)))->checked) << dialog;
-                else if (f[i][0] == '=')
+                } else if (f[i][0] == '=') {
                     EXPECT_EQ(f[i].substr(1), dialog.answerText);
-                else if (isdigit(static_cast<unsigned char>(f[i][0])) &&
-                         f[i].find('=') != std::string::npos)  // "ID=TEXT": a control's text
-                    EXPECT_EQ(f[i].substr(f[i].find('=') + 1),
-                              dialog.Control(std::stoi(f[i]))->text)
+                } else if (isdigit(static_cast<unsigned char>(f[i][0])) &&
+                           f[i].find('=') != std::string::npos) {  // "ID=TEXT": a control's text
+                    const bench::DialogControl* control = dialog.Control(std::stoi(f[i]));
+                    EXPECT_EQ(f[i].substr(f[i].find('=') + 1), control ? control->text : "<none>")
                         << dialog;
-                else
+                } else {
                     EXPECT_NE(std::string::npos, dialog.text.find(f[i])) << dialog;
+                }
             }
         } else if (v == "expect-log") {
             const size_t at = mRun.log.find(Unescape(arg(0)), mLogAt);
