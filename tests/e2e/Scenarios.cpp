@@ -4,8 +4,10 @@
 #include <gtest/gtest.h>
 
 #include <windows.h>
+#include <winspool.h>
 
 #include <algorithm>
+#include <atomic>
 #include <cstdlib>
 #include <map>
 #include <memory>
@@ -16,6 +18,7 @@
 #include "bench/standins/NetworkStandIns.h"
 #include "bench/standins/StandIns.h"
 #include "browsers/NetscapeMachine.h"
+#include "support/InstalledPrinters.h"
 #include "support/RawRegistry.h"
 
 namespace {
@@ -68,9 +71,10 @@ std::string Joined(const std::vector<std::string>& items, const char* separator)
     return text;
 }
 
-// "{crlf}" and "{tab}" in expected texts.
+// "{crlf}", "{tab}" and "{nul}" in expected texts.
 std::string Unescape(const std::string& text) {
-    return Replace(Replace(text, "{crlf}", "\r\n"), "{tab}", "\t");
+    return Replace(Replace(Replace(text, "{crlf}", "\r\n"), "{tab}", "\t"), "{nul}",
+                   std::string(1, '\0'));
 }
 
 // A file's lines, following "include", applying "let", gathering "write" blocks.
@@ -99,13 +103,19 @@ void ReadLines(const std::string& file, std::map<std::string, std::string>& lets
                     std::string text = lines[i];
                     for (const auto& [name, value] : lets)
                         text = Replace(text, "{" + name + "}", value);
-                    content += Replace(text, "{nl}", "\r\n") + "\r\n";
+                    content += Unescape(Replace(text, "{nl}", "\r\n")) + "\r\n";
                 }
                 line.fields.push_back(content);
             }
             out.push_back(line);
         }
     }
+}
+
+std::string TempFolder() {
+    char temp[MAX_PATH] = "";
+    GetTempPathA(sizeof temp, temp);
+    return temp;
 }
 
 // Every case of every scenario file; the lines before a file's first "case"
@@ -125,7 +135,8 @@ std::vector<Scenario> LoadScenarios() {
         std::map<std::string, std::string> lets = {{"src", bench::SourceDir()},
                                                    {"build", bench::BuildDir()},
                                                    {"scenarios", ScenarioDir()},
-                                                   {"appdata", rwz::test::AppDataFolder()}};
+                                                   {"appdata", rwz::test::AppDataFolder()},
+                                                   {"temp", TempFolder()}};
         std::vector<Line> lines;
         ReadLines(ScenarioDir() + "\\" + file, lets, lines);
         std::string stem = file.substr(0, file.size() - 4);
@@ -228,6 +239,8 @@ class BrowserWindow {
 class Runner {
   public:
     ~Runner() {
+        mEnded = true;
+        for (std::thread& thread : mThreads) thread.join();
         if (mVars.count("served")) bench::WriteFile(mVars["served"] + "\\stop", "");
         if (mSession.hProcess) {
             TerminateProcess(mSession.hProcess, 1);
@@ -287,6 +300,43 @@ class Runner {
             bench::WriteFile(arg(0), bytes);
         } else if (v == "write") {
             bench::WriteFile(arg(0), f.back());
+        } else if (v == "fill") {  // the text added COUNT times to the file's end
+            std::string text;
+            bench::ReadFile(arg(0), text);
+            const std::string piece = Unescape(f.size() > 2 ? f[2] : "");
+            for (unsigned long n = std::stoul(arg(1)); n > 0; --n) text += piece;
+            bench::WriteFile(arg(0), text);
+        } else if (v == "utf16") {  // the file as UTF-16 with a byte-order mark
+            std::string wide = "\xFF\xFE";
+            for (char c : bench::ReadFileText(arg(0))) wide += std::string{c, '\0'};
+            bench::WriteFile(arg(0), wide);
+        } else if (v == "reg") {
+            std::string rest;
+            const HKEY root = RootOf(arg(0), rest);
+            const size_t slash = rest.find_last_of('\\');
+            rwz::test::RawSetString(root, rest.substr(0, slash), rest.substr(slash + 1),
+                                    f.size() > 1 ? f[1] : "");
+        } else if (v == "no-printers") {  // deleted here, Wine does not read them again from CUPS
+            for (const std::string& name : rwz::test::InstalledPrinters()) {
+                HANDLE printer = nullptr;
+                PRINTER_DEFAULTSA access = {nullptr, nullptr, PRINTER_ALL_ACCESS};
+                if (OpenPrinterA(const_cast<char*>(name.c_str()), &printer, &access)) {
+                    EXPECT_TRUE(DeletePrinter(printer)) << name;
+                    ClosePrinter(printer);
+                }
+            }
+            WriteProfileStringA("windows", "device", nullptr);
+            ASSERT_TRUE(rwz::test::InstalledPrinters().empty());
+        } else if (v == "mutex") {  // another copy's, held to the end or until the log has TEXT
+            HANDLE mutex = CreateMutexA(nullptr, FALSE, arg(0).c_str());
+            const std::string until = f.size() > 1 ? f[1] : "";
+            mThreads.emplace_back([this, mutex, until] {
+                std::string log;
+                while (!mEnded && (until.empty() || !bench::ReadFile(bench::DebugLogPath(), log) ||
+                                   log.find(until) == std::string::npos))
+                    Sleep(100);
+                CloseHandle(mutex);
+            });
         } else if (v == "ini") {
             WritePrivateProfileStringA(arg(1).c_str(), arg(2).c_str(),
                                        f.size() > 3 ? f[3].c_str() : "", arg(0).c_str());
@@ -313,7 +363,7 @@ class Runner {
         } else if (v == "serve") {
             Serve(arg(0));
         } else if (v == "open") {
-            Open(f.empty() ? bench::InstalledRwz() : arg(0));
+            Open(f.empty() ? bench::InstalledRwz() : arg(0), f.size() > 1 ? f[1] : "RoamwiseMain");
         } else if (v == "command") {
             const DWORD start = GetTickCount();
             EXPECT_TRUE(Send(WM_COMMAND, std::stoi(arg(0))));
@@ -391,7 +441,7 @@ class Runner {
   private:
     // Rwz.exe with its window shown, driven at its menu from "open" to "close":
     // SendMessage waits until a command is done, its dialogs answered.
-    void Open(const std::string& exe) {
+    void Open(const std::string& exe, const std::string& windowClass) {
         Flush();
         bench::CopyFileReplacing(bench::BuildDir() + "\\bin\\Rwz.exe", bench::InstalledRwz());
         mWatch = std::make_unique<bench::DialogWatch>(mAnswers);
@@ -402,14 +452,16 @@ class Runner {
         for (int waited = 0; waited < 30000 && !mWindow; waited += 100) {
             Sleep(100);
             HWND window = nullptr;
-            while ((window = FindWindowExA(nullptr, window, "RoamwiseMain", nullptr))) {
+            while ((window = FindWindowExA(nullptr, window, windowClass.c_str(), nullptr))) {
                 DWORD pid = 0;
                 GetWindowThreadProcessId(window, &pid);
-                // Visible: start-up, and whatever it asked, is over.
-                if (pid == mSession.dwProcessId && IsWindowVisible(window)) mWindow = window;
+                // A visible main window: start-up, and whatever it asked, is over.
+                if (pid == mSession.dwProcessId &&
+                    (IsWindowVisible(window) || windowClass != "RoamwiseMain"))
+                    mWindow = window;
             }
         }
-        ASSERT_TRUE(mWindow) << "Rwz.exe showed no main window";
+        ASSERT_TRUE(mWindow) << exe << " showed no " << windowClass << " window";
     }
 
     bool Send(UINT message, WPARAM wParam) {
@@ -455,6 +507,46 @@ class Runner {
         ASSERT_FALSE(mVars["port"].empty()) << "version-server.py did not start";
     }
 
+    // The open window's texts of one kind ("title", "menu", "tab", "tip", "combo<ID>"), in
+    // order, read from inside the program by MainWindowProbe.dll (e2e/probe).
+    std::vector<std::string> Captions(const std::string& kind) {
+        HMODULE probe = LoadLibraryA((bench::BuildDir() + "\\tests\\MainWindowProbe.dll").c_str());
+        if (!probe) return {};
+        auto proc = reinterpret_cast<HOOKPROC>(GetProcAddress(probe, "MainWindowProbeProc"));
+        HHOOK hook = SetWindowsHookExA(WH_CALLWNDPROC, proc, probe,
+                                       GetWindowThreadProcessId(mWindow, nullptr));
+        static std::string answer;
+        WNDCLASSA receiver = {};
+        receiver.lpfnWndProc = [](HWND window, UINT message, WPARAM w, LPARAM l) -> LRESULT {
+            if (message != WM_COPYDATA) return DefWindowProcA(window, message, w, l);
+            const auto* copy = reinterpret_cast<const COPYDATASTRUCT*>(l);
+            answer.assign(static_cast<const char*>(copy->lpData), copy->cbData);
+            return TRUE;
+        };
+        receiver.lpszClassName = "RwzProbeReceiver";
+        RegisterClassA(&receiver);
+        HWND window = CreateWindowExA(0, receiver.lpszClassName, "", 0, 0, 0, 0, 0, HWND_MESSAGE,
+                                      nullptr, nullptr, nullptr);
+        answer.clear();
+        DWORD_PTR ignored;
+        SendMessageTimeoutA(mWindow, RegisterWindowMessageA("RwzMainWindowProbe"),
+                            reinterpret_cast<WPARAM>(window), 0, SMTO_NORMAL, 10000, &ignored);
+        DestroyWindow(window);
+        UnhookWindowsHookEx(hook);
+        FreeLibrary(probe);
+        // Lines "kind<TAB>index<TAB>text"; a combo box's kind takes its id from the index.
+        std::vector<std::string> items;
+        for (const std::string& line : bench::SplitLines(answer)) {
+            const size_t tab = line.find('\t'), next = line.find('\t', tab + 1);
+            if (next == std::string::npos) continue;
+            std::string itemKind = line.substr(0, tab);
+            if (itemKind == "menu-grayed") itemKind = "menu";
+            if (itemKind == "combo") itemKind += line.substr(tab + 1, next - tab - 1);
+            if (itemKind == kind) items.push_back(line.substr(next + 1));
+        }
+        return items;
+    }
+
     static const char* WindowClass(const std::string& program) {
         return program == "opera" ? bench::kOperaWindowClass : "MozillaWindowClass";
     }
@@ -473,7 +565,13 @@ class Runner {
         const Fields& f = line.fields;
         const std::string& v = line.verb;
         auto arg = [&](size_t i) -> const std::string& { return Arg(line, i); };
-        if (v == "expect-took") {  // the last command, in milliseconds
+        if (v == "expect-caption") {  // KIND | ITEMS: the open window shows these in a row
+            const std::vector<std::string> items = Captions(arg(0));
+            const Fields want(f.begin() + 1, f.end());
+            EXPECT_NE(items.end(),
+                      std::search(items.begin(), items.end(), want.begin(), want.end()))
+                << Joined(items, "\n");
+        } else if (v == "expect-took") {  // the last command, in milliseconds
             EXPECT_GE(mTook, std::stoul(arg(0)));
             EXPECT_LT(mTook, std::stoul(arg(1)));
         } else if (v == "expect-exit") {
@@ -496,12 +594,18 @@ class Runner {
             EXPECT_EQ(arg(0), dialog.title);
             // Parts of its text; "+ID" a ticked box, "=TEXT" the button that answered it.
             for (size_t i = 1; i < f.size(); ++i) {
-                if (f[i][0] == '+')
+                if (f[i][0] == '+') {
                     EXPECT_TRUE(dialog.Control(std::stoi(f[i].substr(1)))->checked) << dialog;
-                else if (f[i][0] == '=')
+                } else if (f[i][0] == '=') {
                     EXPECT_EQ(f[i].substr(1), dialog.answerText);
-                else
+                } else if (isdigit(static_cast<unsigned char>(f[i][0])) &&
+                           f[i].find('=') != std::string::npos) {  // "ID=TEXT": a control's text
+                    const bench::DialogControl* control = dialog.Control(std::stoi(f[i]));
+                    EXPECT_EQ(f[i].substr(f[i].find('=') + 1), control ? control->text : "<none>")
+                        << dialog;
+                } else {
                     EXPECT_NE(std::string::npos, dialog.text.find(f[i])) << dialog;
+                }
             }
         } else if (v == "expect-log") {
             const size_t at = mRun.log.find(Unescape(arg(0)), mLogAt);
@@ -515,6 +619,9 @@ class Runner {
             if (f.size() > 1 && f[1] != "none") mCalls[arg(0)].emplace_back(f.begin() + 1, f.end());
         } else if (v == "expect-changed") {
             mChanged.insert(mChanged.end(), f.begin(), f.end());
+        } else if (v == "expect-no-window" && !f.empty()) {  // none of that program
+            for (const bench::WindowRecord& window : mRun.windows)
+                EXPECT_NE(f[0], window.exe) << window.title;
         } else if (v == "expect-no-window" || v == "expect-window") {
             EXPECT_EQ(v == "expect-window", mRun.ShowedWindow()) << mRun.Describe();
         } else if (v == "expect-changed-within") {
@@ -530,12 +637,26 @@ class Runner {
                       std::string(data.c_str()));
         } else if (v == "expect-file") {
             ExpectGolden(arg(0), ScenarioDir() + "\\" + arg(1));
-        } else if (v == "expect-same") {
-            EXPECT_EQ(bench::ReadFileText(arg(0)), bench::ReadFileText(arg(1)));
+        } else if (v == "expect-same") {  // lines starting with a third field left out
+            auto kept = [&](const std::string& path) {
+                if (f.size() < 3) return bench::ReadFileText(path);
+                std::string text;
+                for (const std::string& line : bench::SplitLines(bench::ReadFileText(path)))
+                    if (line.rfind(f[2], 0) != 0) text += line + "\n";
+                return text;
+            };
+            const std::string a = kept(arg(0)), b = kept(arg(1));
+            const size_t at =
+                std::mismatch(a.begin(), a.end(), b.begin(), b.end()).first - a.begin();
+            EXPECT_TRUE(a == b) << "from byte " << at << ":\n"
+                                << a.substr(at, 200) << "\n---\n"
+                                << b.substr(at, 200);
         } else if (v == "expect-line") {
             const std::vector<std::string> lines = bench::SplitLines(bench::ReadFileText(arg(0)));
-            EXPECT_NE(lines.end(), std::find(lines.begin(), lines.end(), arg(1)))
-                << Joined(lines, "\n");
+            const std::string want = Unescape(arg(1));
+            EXPECT_TRUE(std::any_of(lines.begin(), lines.end(), [&](const std::string& line) {
+                return Matches(line, want);
+            })) << Joined(lines, "\n").substr(0, 4000);
         } else if (v == "expect-no-file") {
             EXPECT_FALSE(bench::FileExists(arg(0)));
         } else if (v == "expect-ini") {
@@ -564,6 +685,9 @@ class Runner {
             EXPECT_EQ("<missing>", entry.Data) << path;
         } else if (kind == "multi") {
             EXPECT_EQ(static_cast<DWORD>(REG_MULTI_SZ), entry.Type) << path;
+            EXPECT_EQ(std::string(2, '\0'),
+                      entry.Data.substr(std::max<size_t>(entry.Data.size(), 2) - 2))
+                << path;
             EXPECT_EQ(Replace(text, ",", "\n"),
                       Joined(rwz::test::MultiStringEntries(entry.Data), "\n"))
                 << path;
@@ -626,6 +750,8 @@ class Runner {
     HWND mWindow = nullptr;
     bool mSessionStrict = false;
     DWORD mTook = 0;
+    std::atomic<bool> mEnded{false};
+    std::vector<std::thread> mThreads;
 };
 
 class Scenarios : public testing::TestWithParam<Scenario> {};

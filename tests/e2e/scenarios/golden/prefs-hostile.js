@@ -1,0 +1,16 @@
+user_pref("network.proxy.http", "proxy\"x.test");
+user_pref("network.proxy.http_port", 3128);
+user_pref("network.proxy.ftp", "");
+user_pref("network.proxy.ftp_port", 0);
+user_pref("network.proxy.ssl", "");
+user_pref("network.proxy.ssl_port", 0);
+user_pref("network.proxy.gopher", "");
+user_pref("network.proxy.gopher_port", 0);
+user_pref("network.proxy.wais", "");
+user_pref("network.proxy.wais_port", 0);
+user_pref("network.proxy.socks", "");
+user_pref("network.proxy.socks_port", 0);
+user_pref("network.proxy.socks_version", 0);
+user_pref("network.proxy.no_proxies_on", "");
+user_pref("network.proxy.type", 1);
+user_pref("browser.startup.homepage", "http://a/\");user_pref(\"x\", 1);//");
