@@ -5,8 +5,10 @@
 
 #include <windows.h>
 
+#include <memory>
 #include <ostream>
 #include <string>
+#include <thread>
 #include <utility>
 #include <vector>
 
@@ -160,26 +162,25 @@ struct RunOptions {
 // What the dialog watcher saw.
 struct WatchResult {
     std::vector<DialogRecord> dialogs;
-    std::vector<WindowRecord> windows;  // of every process but the watcher
+    std::vector<WindowRecord> windows;  // of every process but the test's own
     size_t scriptLeft = 0;              // scripted answers no dialog used
-    std::string watcherEnd;             // "stopped", or "timeout"/"" when the watcher failed
+    std::string watcherEnd;             // "stopped", or "timeout"
 
-    std::vector<DialogRecord> UnexpectedDialogs() const;
-    // Whether there was an unexpected dialog or an unused answer.
-    bool DialogsAsScripted() const { return UnexpectedDialogs().empty() && scriptLeft == 0; }
+    // Whether there was no unexpected dialog and no unused answer.
+    bool DialogsAsScripted() const;
 };
 
-// The dialog watcher, running from construction to Stop() (or destruction)
-// beside whatever the test does meanwhile: code of this test process that
-// shows message boxes, or programs the test starts. RunRwz uses one.
+// The dialog watcher, a thread of the test process running from construction
+// to Stop() (or destruction) beside whatever the test does meanwhile: code of
+// this process that shows message boxes, or programs the test starts. RunRwz
+// uses one.
 //
 //   bench::DialogWatch watch({bench::Answer("&Yes")});
 //   ... code that asks a question ...
 //   EXPECT_TRUE(watch.Stop().DialogsAsScripted());
 class DialogWatch {
   public:
-    // Throws std::runtime_error when the watcher cannot be started. The
-    // watcher ends by itself after `timeoutMs`.
+    // The watcher ends by itself after `timeoutMs`.
     explicit DialogWatch(const std::vector<Answer>& script = {}, DWORD timeoutMs = 120000);
     ~DialogWatch();
     DialogWatch(const DialogWatch&) = delete;
@@ -188,11 +189,12 @@ class DialogWatch {
     // Stops the watcher (once) and returns what it saw.
     const WatchResult& Stop();
 
+    class Watcher;  // what the watcher's thread keeps
+
   private:
-    HANDLE mStop = nullptr;
-    HANDLE mWatcher = nullptr;
-    std::string mOutFile;
-    bool mStopped = false;
+    std::unique_ptr<Watcher> mWatcher;
+    HANDLE mStop;
+    std::thread mThread;
     WatchResult mResult;
 };
 

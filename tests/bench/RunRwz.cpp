@@ -1,7 +1,6 @@
 // Runs of Rwz.exe with the dialog watcher beside it.
 #include <gtest/gtest.h>
 
-#include <memory>
 #include <sstream>
 #include <stdexcept>
 
@@ -13,89 +12,6 @@ namespace {
 
 // Owns a kernel handle.
 using Handle = std::unique_ptr<void, decltype(&CloseHandle)>;
-
-std::string Unescape(const std::string& field) {
-    std::string out;
-    for (size_t i = 0; i < field.size(); ++i) {
-        if (field[i] != '\\' || i + 1 == field.size()) {
-            out += field[i];
-            continue;
-        }
-        char next = field[++i];
-        out += next == 't' ? '\t' : next == 'n' ? '\n' : next == 'r' ? '\r' : next;
-    }
-    return out;
-}
-
-std::vector<std::string> Fields(const std::string& line) {
-    std::vector<std::string> fields;
-    size_t start = 0;
-    for (;;) {
-        size_t tab = line.find('\t', start);
-        fields.push_back(Unescape(line.substr(start, tab - start)));
-        if (tab == std::string::npos) break;
-        start = tab + 1;
-    }
-    return fields;
-}
-
-void ParseRecords(const std::string& text, WatchResult& result) {
-    for (const std::string& line : SplitLines(text)) {
-        std::vector<std::string> f = Fields(line);
-        if (f[0] == "dialog" && f.size() >= 8) {
-            DialogRecord dialog;
-            dialog.pid = std::stoul(f[1]);
-            dialog.exe = f[2];
-            dialog.title = f[3];
-            dialog.text = f[4];
-            dialog.answerId = std::stoi(f[5]);
-            dialog.answerText = f[6];
-            dialog.expected = f[7] == "expected";
-            // kind:id[:state]=text
-            for (size_t i = 8; i < f.size(); ++i) {
-                size_t equals = f[i].find('=');
-                std::string head = f[i].substr(0, equals);
-                DialogControl control;
-                control.text = equals == std::string::npos ? "" : f[i].substr(equals + 1);
-                size_t colon = head.find(':');
-                control.kind = head.substr(0, colon);
-                control.id = std::stoi(head.substr(colon + 1));
-                size_t state = head.find(':', colon + 1);
-                control.checked = state != std::string::npos && head.substr(state + 1) == "1";
-                if (control.kind == "button") dialog.buttons.emplace_back(control.id, control.text);
-                dialog.controls.push_back(control);
-            }
-            result.dialogs.push_back(dialog);
-        } else if (f[0] == "window" && f.size() >= 5) {
-            result.windows.push_back({static_cast<DWORD>(std::stoul(f[1])), f[2], f[3], f[4]});
-        } else if (f[0] == "end" && f.size() >= 3) {
-            result.watcherEnd = f[1];
-            result.scriptLeft = std::stoul(f[2]);
-        }
-    }
-}
-
-std::string ScriptText(const std::vector<Answer>& script) {
-    std::string text;
-    for (const Answer& answer : script) {
-        std::string line = "button=" + answer.button;
-        if (!answer.title.empty()) line += "\ttitle=" + answer.title;
-        for (const auto& check : answer.checks)
-            line += (check.second ? "\tcheck=" : "\tuncheck=") + std::to_string(check.first);
-        for (const auto& field : answer.fields)
-            line += "\tset=" + std::to_string(field.first) + ":" + field.second;
-        text += line + "\r\n";
-    }
-    return text;
-}
-
-std::string TempFolder() {
-    char temp[MAX_PATH];
-    GetTempPathA(MAX_PATH, temp);
-    std::string folder = std::string(temp) + "rwzbench";
-    MakeFolders(folder);
-    return folder;
-}
 
 HANDLE StartProcess(const std::string& program, const std::string& args, const std::string& workDir,
                     DWORD* pid = nullptr) {
@@ -121,11 +37,10 @@ bool RunResult::ShowedWindow() const {
     return false;
 }
 
-std::vector<DialogRecord> WatchResult::UnexpectedDialogs() const {
-    std::vector<DialogRecord> found;
+bool WatchResult::DialogsAsScripted() const {
     for (const DialogRecord& dialog : dialogs)
-        if (!dialog.expected) found.push_back(dialog);
-    return found;
+        if (!dialog.expected) return false;
+    return scriptLeft == 0;
 }
 
 std::ostream& operator<<(std::ostream& out, const DialogRecord& dialog) {
@@ -161,48 +76,6 @@ RunResult RunRwz(const std::string& args, std::vector<Answer> script, DWORD time
     options.script = std::move(script);
     options.timeoutMs = timeoutMs;
     return RunRwz(options);
-}
-
-DialogWatch::DialogWatch(const std::vector<Answer>& script, DWORD timeoutMs) {
-    static int watches = 0;
-    std::string id = std::to_string(GetCurrentProcessId()) + "-" + std::to_string(++watches);
-    std::string folder = TempFolder();
-    std::string scriptFile = folder + "\\script-" + id + ".txt";
-    mOutFile = folder + "\\dialogs-" + id + ".txt";
-    WriteFile(scriptFile, ScriptText(script));
-    DeleteFileA(mOutFile.c_str());
-    std::string stopName = "RwzBenchStop-" + id;
-    std::string readyName = "RwzBenchReady-" + id;
-    mStop = CreateEventA(nullptr, TRUE, FALSE, stopName.c_str());
-    Handle ready(CreateEventA(nullptr, TRUE, FALSE, readyName.c_str()), &CloseHandle);
-
-    std::string watcherExe = BuildDir() + "\\tests\\DialogWatcher.exe";
-    std::string watcherArgs = "--script \"" + scriptFile + "\" --out \"" + mOutFile +
-                              "\" --stop-event " + stopName + " --ready-event " + readyName +
-                              " --timeout " + std::to_string(timeoutMs / 1000 + 1);
-    mWatcher = StartProcess(watcherExe, watcherArgs, "");
-    HANDLE readyOrGone[] = {ready.get(), mWatcher};
-    if (WaitForMultipleObjects(2, readyOrGone, FALSE, 15000) != WAIT_OBJECT_0) {
-        TerminateProcess(mWatcher, 1);
-        CloseHandle(mWatcher);
-        CloseHandle(mStop);
-        throw std::runtime_error("the dialog watcher did not start: " + watcherExe);
-    }
-}
-
-DialogWatch::~DialogWatch() {
-    Stop();
-    CloseHandle(mWatcher);
-    CloseHandle(mStop);
-}
-
-const WatchResult& DialogWatch::Stop() {
-    if (mStopped) return mResult;
-    mStopped = true;
-    SetEvent(mStop);
-    if (WaitForSingleObject(mWatcher, 10000) != WAIT_OBJECT_0) TerminateProcess(mWatcher, 1);
-    ParseRecords(ReadFileText(mOutFile), mResult);
-    return mResult;
 }
 
 RunResult RunRwz(const RunOptions& options) {

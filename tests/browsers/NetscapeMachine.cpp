@@ -7,7 +7,6 @@
 
 #include "bench/Bench.h"
 #include "browsers/RegistryDatWriter.h"
-#include "support/RawRegistry.h"
 
 namespace rwz::test {
 
@@ -15,9 +14,6 @@ namespace {
 
 const char kAppPaths[] = "SOFTWARE\\Microsoft\\Windows\\CurrentVersion\\App Paths\\";
 const char* const kNetscapePrograms[] = {"Netscp.exe", "Netscp6.exe", "netscape.exe"};
-// Where the machines keep Netscape 4 profiles and programs.
-const char* const kNetscapeFolders[] = {"C:\\Program Files\\Netscape", "C:\\Netscape",
-                                        "C:\\Profiles", "C:\\Old Profiles"};
 
 std::string Trimmed(const std::string& astrText) {
     const size_t first = astrText.find_first_not_of(" \t\r\n");
@@ -69,7 +65,8 @@ void WriteMozillaRegistry(const std::string& astrFolder) {
             profiles.push_back({name, folder.empty() ? folder : appData + "\\" + folder});
         }
     }
-    bench::WriteFile(MozillaRegistryFile(), MakeMozillaRegistry(profiles, current));
+    bench::WriteFile(AppDataFolder() + "\\Mozilla\\registry.dat",
+                     MakeMozillaRegistry(profiles, current));
 }
 
 }  // namespace
@@ -79,10 +76,6 @@ std::string AppDataFolder() {
     if (!SHGetSpecialFolderPathA(nullptr, path, CSIDL_APPDATA, TRUE))
         throw std::runtime_error("no application data folder");
     return path;
-}
-
-std::string MozillaRegistryFile() {
-    return AppDataFolder() + "\\Mozilla\\registry.dat";
 }
 
 std::string MakeMozillaRegistry(const std::vector<MozillaProfileEntry>& acolProfiles,
@@ -103,52 +96,12 @@ std::string MakeMozillaRegistry(const std::vector<MozillaProfileEntry>& acolProf
     return writer.Build();
 }
 
-void InstallNetscape(const std::string& astrMachine, bool ablnRegistryAndFiles) {
+void InstallNetscape(const std::string& astrMachine, bool) {
     const std::string folder = MachineFolder(astrMachine);
-    if (ablnRegistryAndFiles) {
-        bench::Machine::ImportRegFile(folder + "\\netscape.reg");
-        if (GetFileAttributesA((folder + "\\files").c_str()) != INVALID_FILE_ATTRIBUTES)
-            bench::CopyTree(folder + "\\files", "C:");
-    }
     InstallStandIn(folder);
     if (GetFileAttributesA((folder + "\\netscape\\appdata").c_str()) != INVALID_FILE_ATTRIBUTES)
         bench::CopyTree(folder + "\\netscape\\appdata", AppDataFolder());
     WriteMozillaRegistry(folder);
-}
-
-void DeleteTree(const std::string& astrFolder) {
-    WIN32_FIND_DATAA found;
-    HANDLE search = FindFirstFileA((astrFolder + "\\*").c_str(), &found);
-    if (search != INVALID_HANDLE_VALUE) {
-        do {
-            const std::string name = found.cFileName;
-            if (name == "." || name == "..") continue;
-            const std::string path = astrFolder + "\\" + name;
-            if (found.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) {
-                DeleteTree(path);
-            } else {
-                SetFileAttributesA(path.c_str(), FILE_ATTRIBUTE_NORMAL);
-                DeleteFileA(path.c_str());
-            }
-        } while (FindNextFileA(search, &found));
-        FindClose(search);
-    }
-    RemoveDirectoryA(astrFolder.c_str());
-}
-
-void RemoveNetscape() {
-    for (const char* exe : kNetscapePrograms)
-        test::RawDeleteTree(HKEY_LOCAL_MACHINE, std::string(kAppPaths) + exe);
-    test::RawDeleteTree(HKEY_LOCAL_MACHINE, "SOFTWARE\\Netscape");
-    test::RawDeleteTree(HKEY_CURRENT_USER, "Software\\Netscape");
-    for (const char* folder : kNetscapeFolders) DeleteTree(folder);
-    DeleteTree(AppDataFolder() + "\\Mozilla");
-    HKEY options = nullptr;
-    if (RegOpenKeyExA(HKEY_LOCAL_MACHINE, "Software\\Roamwise\\Options", 0, KEY_SET_VALUE,
-                      &options) == ERROR_SUCCESS) {
-        RegDeleteValueA(options, "NavigatorWarning");
-        RegCloseKey(options);
-    }
 }
 
 }  // namespace rwz::test

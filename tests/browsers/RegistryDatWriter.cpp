@@ -1,9 +1,5 @@
 #include "RegistryDatWriter.h"
 
-#ifdef _WIN32
-#include <windows.h>
-#endif
-
 #include <cstdio>
 #include <cstdlib>
 #include <stdexcept>
@@ -203,58 +199,5 @@ std::string SampleRegistryXml() {
            "\t</Common>\r\n"
            "</Root>\r\n";
 }
-
-#ifdef _WIN32
-std::string TestFolder() {
-    char temp[MAX_PATH] = {};
-    GetTempPathA(MAX_PATH, temp);
-    std::string folder = std::string(temp) + "rwz-mozilla-registry";
-    CreateDirectoryA(folder.c_str(), nullptr);
-    return folder;
-}
-
-std::string WriteTestFile(const std::string& astrName, const std::string& astrBytes) {
-    const std::string path = TestFolder() + "\\" + astrName;
-    FILE* file = std::fopen(path.c_str(), "wb");
-    if (!file) throw std::runtime_error("cannot write " + path);
-    const size_t written = std::fwrite(astrBytes.data(), 1, astrBytes.size(), file);
-    std::fclose(file);
-    if (written != astrBytes.size()) throw std::runtime_error("cannot write " + path);
-    return path;
-}
-
-#endif
-
-std::string ReadWholeFile(const std::string& astrPath) {
-    FILE* file = std::fopen(astrPath.c_str(), "rb");
-    if (!file) return std::string();
-    std::string bytes;
-    char buffer[4096];
-    size_t got;
-    while ((got = std::fread(buffer, 1, sizeof buffer, file)) > 0) bytes.append(buffer, got);
-    std::fclose(file);
-    return bytes;
-}
-
-#ifdef _WIN32
-std::string MozillaFixturePath() {
-    const char* shared = std::getenv("RWZ_SHARED_DIR");
-    std::string folder = shared && *shared ? shared : "Z:\\work\\shared";
-    // A Linux path is reached through Wine's drive Z:.
-    if (folder[0] == '/') folder = "Z:" + folder;
-    for (char& c : folder) {
-        if (c == '/') c = '\\';
-    }
-    while (!folder.empty() && folder.back() == '\\') folder.pop_back();
-    return folder + "\\fixtures\\mozilla-registry-2004.dat";
-}
-
-#else
-std::string MozillaFixturePath() {
-    const char* shared = std::getenv("RWZ_SHARED_DIR");
-    return std::string(shared && *shared ? shared : RWZ_ROOT "/../shared") +
-           "/fixtures/mozilla-registry-2004.dat";
-}
-#endif
 
 }  // namespace rwz::test

@@ -88,14 +88,4 @@ SampleRegistry MakeSampleRegistry();
 // The XML the sample renders as.
 std::string SampleRegistryXml();
 
-// Test files live in a folder of their own under the temporary folder.
-std::string TestFolder();
-// Writes the bytes to TestFolder() + "\" + name and returns the full path.
-std::string WriteTestFile(const std::string& astrName, const std::string& astrBytes);
-std::string ReadWholeFile(const std::string& astrPath);
-
-// The real registry written by Mozilla: $RWZ_SHARED_DIR (a Linux or Windows
-// path) or Z:\work\shared, + "\fixtures\mozilla-registry-2004.dat".
-std::string MozillaFixturePath();
-
 }  // namespace rwz::test

@@ -1,34 +1,12 @@
-// The report's text layout: centring, label columns, list values, and the
-// cutting of the report into printed pages.
+// The report's text layout where the report files do not show it: list values
+// in every form they come in, and the cutting of the report into printed
+// pages.
 #include <gtest/gtest.h>
-
-#include <cfenv>
-#include <cmath>
 
 #include "report/modReportLayout.h"
 
 namespace rwz {
 namespace {
-
-TEST(CenterText, AgreesWithRoundingToEvenForEveryLength) {
-    ASSERT_EQ(FE_TONEAREST, std::fegetround());
-    for (int length = 0; length <= 50; ++length) {
-        const std::string text(static_cast<size_t>(length), 'x');
-        const long blanks = length >= 44 ? 0 : std::lrint((44 - length) / 2.0);
-        EXPECT_EQ(std::string(static_cast<size_t>(blanks), ' ') + text, CenterText(text))
-            << "length " << length;
-    }
-}
-
-TEST(ReportLine, PadsTheLabelWithDotsToColumn29) {
-    EXPECT_EQ("NIC.........................x", ReportLine("NIC", "x"));
-    EXPECT_EQ("Automatic Configuration URL.http://a/",
-              ReportLine("Automatic Configuration URL", "http://a/"));
-    EXPECT_EQ("Logon to NT Domain..........Yes", ReportLine("Logon to NT Domain", YesNo(true)));
-    EXPECT_EQ(std::string(44, '-'), ReportRule());
-    EXPECT_EQ(std::string(44, '*') + "\r\n*  T  *\r\n" + std::string(44, '*') + "\r\n",
-              ReportBanner("*  T  *"));
-}
 
 TEST(ReportList, JoinsTheEntriesOfEveryListFormWithCommaBlank) {
     using namespace std::string_literals;

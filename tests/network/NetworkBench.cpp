@@ -2,22 +2,11 @@
 
 #include <gtest/gtest.h>
 
-#include <cstdio>
-#include <fstream>
-#include <iterator>
-
-#include "platform/modLogging.h"
-
 namespace rwz::test {
 
 namespace {
 
 const char kAdapterClass[] = "{4D36E972-E325-11CE-BFC1-08002BE10318}";
-
-std::string FileText(const std::string& astrPath) {
-    std::ifstream in(astrPath, std::ios::binary);
-    return std::string(std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>());
-}
 
 }  // namespace
 
@@ -143,29 +132,6 @@ std::string BoxText(const std::vector<std::string>& astrTexts) {
     std::string text;
     for (size_t i = 0; i < astrTexts.size(); ++i) text += (i ? "\r\n\r\n" : "") + astrTexts[i];
     return text;
-}
-
-LogWatch::LogWatch() {
-    mlngStart = FileText(LogFilePath()).size();
-}
-
-std::vector<std::string> LogWatch::Lines() const {
-    // Other test programs may write to the same log at the same time: only
-    // this thread's lines count.
-    char thread[16];
-    std::snprintf(thread, sizeof thread, "[0x%08lX]", GetCurrentThreadId() & 0xFFFFFFFFul);
-    const std::string text = FileText(LogFilePath());
-    std::vector<std::string> lines;
-    for (const std::string& line :
-         bench::SplitLines(text.substr(std::min(mlngStart, text.size())))) {
-        if (line.rfind(thread, 0) != 0) continue;
-        // "[0x...][date time] - Level - message": the message only.
-        const size_t dash = line.find("] - ");
-        const size_t level =
-            dash == std::string::npos ? std::string::npos : line.find(" - ", dash + 4);
-        if (level != std::string::npos) lines.push_back(line.substr(level + 3));
-    }
-    return lines;
 }
 
 void DeleteStored(HKEY ahRoot, const std::string& astrKey, const std::string& astrValue) {

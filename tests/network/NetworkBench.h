@@ -1,7 +1,7 @@
 // What the tests of the Windows 2000/XP/2003 network classes share: a
 // simulated machine loaded into the running prefix (after the network places a
-// previous machine left behind are cleared), networking services that record
-// every call and answer as scripted, and the debug log lines of a test.
+// previous machine left behind are cleared), and networking services that
+// record every call and answer as scripted.
 #pragma once
 
 #include <windows.h>
@@ -71,17 +71,6 @@ class RecordingServices : public INetworkServices {
 
 // A message box text as the watcher reads it: the texts joined by blank lines.
 std::string BoxText(const std::vector<std::string>& astrTexts);
-
-// The lines this thread added to the debug log since the object was made,
-// without their time stamps and levels.
-class LogWatch {
-  public:
-    LogWatch();
-    std::vector<std::string> Lines() const;
-
-  private:
-    size_t mlngStart = 0;
-};
 
 void DeleteStored(HKEY ahRoot, const std::string& astrKey, const std::string& astrValue);
 

@@ -1,5 +1,6 @@
-// The reading and writing rules every profile section goes through
-// (modProfileIO), and the error a file that cannot be written raises.
+// The rules every profile section goes through (modProfileIO) that are the
+// program's own, not the system's INI reader's: what counts as a flag, a line
+// break in a value written, and the error a file that cannot be written raises.
 #include <gtest/gtest.h>
 
 #include <windows.h>
@@ -37,33 +38,6 @@ std::string ReadRaw(const std::string& path) {
         ReadFile(file, &content[0], static_cast<DWORD>(content.size()), &read, nullptr);
     CloseHandle(file);
     return content;
-}
-
-// A value as read from a file holding these lines (key "Key" of [S]).
-TEST(ProfileIOTest, ReadingRules) {
-    const std::string long300 = std::string(300, 'x');
-    const struct {
-        std::string Lines;
-        std::string Value;
-    } cases[] = {
-        {"[S]\r\nKey=1\r\n", "1"},
-        {"[S]\r\nKey = 1 \r\n", "1"},   // blanks around it dropped
-        {"[s]\r\nkey=1\r\n", "1"},      // names in any case
-        {"[S]\r\nKey=\"1\"\r\n", "1"},  // matching quotes dropped
-        {"[S]\r\nKey='a b'\r\n", "a b"},
-        {"[S]\r\nKey=a\r\nKey=b\r\n", "a"},         // the first of duplicate keys
-        {"[S]\r\nKey=a\r\n[S]\r\nKey=b\r\n", "a"},  // ...and of duplicate sections
-        {"[S]\r\n; Key=a\r\n", "<default>"},        // a comment is no key
-        {"[S]\r\nKey\r\n", "<default>"},            // nor a line without "="
-        {"[S]\r\nKey=\r\n", ""},
-        {"[S]\r\nKey=" + long300 + "\r\n", long300.substr(0, 254)},
-    };
-    const std::string file = TempFile("rules.ini");
-    for (const auto& c : cases) {
-        WriteRaw(file, c.Lines);
-        EXPECT_EQ(c.Value, ReadProfileString(file, "S", "Key", "<default>")) << c.Lines;
-    }
-    DeleteFileA(file.c_str());
 }
 
 // A flag is on only when its value is exactly "1"; a line break ends a value
