@@ -148,6 +148,7 @@ void frmGeneralTab::OnCreate() {
         [this](const std::string& value) { AssignEntry(true, value); });
     BindText(IDC_GEN_GATEWAY, &N::DefaultGateway);
     BindText(IDC_GEN_DNSSERVERS, &N::DNSServers);
+    BindCheck(IDC_GEN_DNS, &N::DNSEnabled);
     BindText(IDC_GEN_SEARCHLIST, &N::SearchList);
     mBindings.AddCheck(
         IDC_GEN_WINS, [this] { return mobjNet && mobjNet->Record().WINSEnabled; },
@@ -279,7 +280,7 @@ void frmGeneralTab::NICSelected(int aintIndex) {
         mBindings.Refill(
             mhWnd, false,
             {IDC_GEN_DHCP, IDC_GEN_IPADDRESS, IDC_GEN_IPMASK, IDC_GEN_GATEWAY, IDC_GEN_DNSSERVERS,
-             IDC_GEN_WINS, IDC_GEN_WINSSERVER1, IDC_GEN_WINSSERVER2});
+             IDC_GEN_DNS, IDC_GEN_WINS, IDC_GEN_WINSSERVER1, IDC_GEN_WINSSERVER2});
         mblnRefilling = false;
         ShowAdapterType();
     });
@@ -383,6 +384,8 @@ void frmGeneralTab::UpdateEnabling() {
               IDC_GEN_IPMASK, IDC_GEN_LABEL_GATEWAY, IDC_GEN_GATEWAY})
             Enable(id, fixed);
         Enable(IDC_GEN_WINS, wins);
+        // 2000/XP/2003 resolve names by DNS always: the box only shows it.
+        Enable(IDC_GEN_DNS, adapter && !IsNT5Family(mOS));
         for (int id : {IDC_GEN_LABEL_WINSSERVERS, IDC_GEN_WINSSERVER1, IDC_GEN_WINSSERVER2})
             Enable(id, wins && IsChecked(IDC_GEN_WINS));
 

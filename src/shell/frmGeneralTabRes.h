@@ -31,6 +31,7 @@
 #define IDC_GEN_QUICKLOGON 3028  // 95/98/ME only
 #define IDC_GEN_PWDCACHE 3029
 #define IDC_GEN_PRINTEROPTIONS 3030  // "Printer Options...", handled by the main window
+#define IDC_GEN_DNS 3031             // DNS resolution on or off (NT 4, 95/98/ME)
 // Labels of the fields, in the order above.
 #define IDC_GEN_LABEL_ADAPTER 3101
 #define IDC_GEN_LABEL_IPADDRESS 3102

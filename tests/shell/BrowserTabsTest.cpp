@@ -145,11 +145,19 @@ class TabTest : public ::testing::Test {
             EXPECT_EQ(std::vector<int>{field.Id}, mPage.RefillFrom(&mBrowser, true));
             EXPECT_TRUE(mBrowser.IsModified());
             for (const Field& other : fields) {
-                if (other.Text) EXPECT_EQ(before.*other.Text, mBrowser.Record().*other.Text);
-                if (other.Flag) EXPECT_EQ(before.*other.Flag, mBrowser.Record().*other.Flag);
+                if (other.Text) {
+                    EXPECT_EQ(before.*other.Text, mBrowser.Record().*other.Text);
+                }
+                if (other.Flag) {
+                    EXPECT_EQ(before.*other.Flag, mBrowser.Record().*other.Flag);
+                }
             }
-            if (field.Text) EXPECT_EQ(mBrowser.Record().*field.Text, TextOf(field.Id));
-            if (field.Flag) EXPECT_EQ(mBrowser.Record().*field.Flag, Checked(field.Id));
+            if (field.Text) {
+                EXPECT_EQ(mBrowser.Record().*field.Text, TextOf(field.Id));
+            }
+            if (field.Flag) {
+                EXPECT_EQ(mBrowser.Record().*field.Flag, Checked(field.Id));
+            }
             mBrowser.ResetFlags();
             EXPECT_TRUE(mPage.RefillFrom(&mBrowser, true).empty());
             EXPECT_FALSE(mBrowser.IsModified());
