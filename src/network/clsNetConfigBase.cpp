@@ -376,6 +376,10 @@ void clsNetConfigBase::Assign(NetText aField, const std::string& astrValue) {
     }
     const NetSettingRow* row = RowOf(aField);
     if (!row) return;
+    if (NoAdapterFor(*row)) {
+        mRecord.*aField = astrValue;
+        return;
+    }
     // A list the profile read cut short stays refused until it is replaced.
     if (mRecord.*aField != astrValue)
         mCutFields.erase(std::remove(mCutFields.begin(), mCutFields.end(), aField),
@@ -394,11 +398,18 @@ void clsNetConfigBase::Assign(NetFlag aField, bool ablnValue) {
     const NetSettingRow* row = RowOf(aField);
     if (!row) return;
     mRecord.*aField = ablnValue;
+    if (NoAdapterFor(*row)) return;
     MarkChanged(row->Setting);
     OnAssigned(row->Setting);
 }
 
 // --- Adapters --------------------------------------------------------------------
+
+// A setting of the adapter on a machine without one: there is nothing to write
+// it to, so it is kept but neither flagged nor waiting for a restart.
+bool clsNetConfigBase::NoAdapterFor(const NetSettingRow& aRow) const {
+    return aRow.Place.PerAdapter && mRecord.CurrentAdapter < 0;
+}
 
 bool clsNetConfigBase::IsAdapterIndex(int aintIndex) const {
     return aintIndex >= 0 && aintIndex < static_cast<int>(mRecord.AdapterList.size());

@@ -193,6 +193,7 @@ class clsNetConfigBase : public INetConfig {
     void WriteRow(const NetSettingRow& aRow);
     void Capture(NetSetting aSetting);
     bool IsAdapterIndex(int aintIndex) const;
+    bool NoAdapterFor(const NetSettingRow& aRow) const;
     void ReadAdapter(const std::string& astrFile);
     // Why nothing of the area may be applied: a profile's adapter pattern that
     // matched no adapter, a list cut short by the profile read, an entry that
