@@ -102,10 +102,8 @@ void NavigatorProfiles::Find() {
 }
 
 std::string NavigatorProfiles::PrefsFileOf(const std::string& astrProfile) const {
-    const std::string name = ToLower(astrProfile);
-    for (const NavigatorProfile& profile : mcolFound)
-        if (ToLower(profile.Name) == name) return profile.PrefsFile;
-    return std::string();
+    const auto found = mcolByName.find(ToLower(astrProfile));
+    return found == mcolByName.end() ? std::string() : mcolFound[found->second].PrefsFile;
 }
 
 // Logs the search for a prefs file; true when it exists.
@@ -127,6 +125,7 @@ bool NavigatorProfiles::AddProfile(const std::string& astrName, const std::strin
         Note("Profile already listed: " + astrName);
         return false;
     }
+    mcolByName.emplace(ToLower(astrName), mcolFound.size());
     mcolFound.push_back({astrName, astrPrefsFile});
     return true;
 }

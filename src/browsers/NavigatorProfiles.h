@@ -12,6 +12,7 @@
 #pragma once
 
 #include <string>
+#include <unordered_map>
 #include <vector>
 
 namespace rwz {
@@ -41,6 +42,8 @@ class NavigatorProfiles {
     bool AddProfile(const std::string& astrName, const std::string& astrPrefsFile);
 
     std::vector<NavigatorProfile> mcolFound;
+    // Positions in mcolFound by lower-case name: a registry may list thousands.
+    std::unordered_map<std::string, size_t> mcolByName;
     std::string mstrCurrent;
 };
 

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cstdio>
 #include <optional>
+#include <utility>
 
 #include "platform/Procedure.h"
 #include "platform/RwzError.h"
@@ -144,7 +145,7 @@ std::string RenderingError(const ErrorInfo& aError) {
 
 // --- Reading ---------------------------------------------------------------
 
-bool ZvMozillaLib::ReadRegistry(const std::string& astrData) {
+bool ZvMozillaLib::ReadRegistry(std::string astrData) {
     Procedure proc(kObject, "ReadRegistry");
     return proc.RunThen(
         [&] {
@@ -153,7 +154,7 @@ bool ZvMozillaLib::ReadRegistry(const std::string& astrData) {
                 proc.Log("too large for a profile registry");
                 return false;
             }
-            mstrData = astrData;
+            mstrData = std::move(astrData);
             const bool read = ReadTree();
             std::unordered_set<uint32_t>().swap(mobjVisited);
             if (!read) {
