@@ -17,6 +17,8 @@
 
 namespace rwz {
 
+class FolderListings;
+
 struct NavigatorProfile {
     std::string Name;
     std::string PrefsFile;
@@ -37,7 +39,9 @@ class NavigatorProfiles {
     void FindMachineWideProfile();
     void FindPerUserProfiles();
     void FindMozillaProfiles();
-    static bool FindPrefs(const std::string& astrPrefsFile);
+    // With `aobjListings`, a file that its folders' listings show missing is
+    // not looked for.
+    static bool FindPrefs(const std::string& astrPrefsFile, FolderListings* aobjListings = nullptr);
     // Lists a profile; false for a name already listed.
     bool AddProfile(const std::string& astrName, const std::string& astrPrefsFile);
 
