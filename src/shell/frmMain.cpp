@@ -119,7 +119,8 @@ frmMain::~frmMain() = default;
 
 int frmMain::Run(int showCommand) {
     if (const std::optional<int> code = EndForOtherCopy()) return *code;
-    // The first window of a process is what costs most of a silent run's time.
+    // A hidden run never shows the window, so it makes none: a process's first
+    // window, and its teardown, cost most of what a silent run took.
     mblnWindowless =
         !FindSwitch("hidden", SplitCommandLine(CommandLineText(GetCommandLineA()))).empty();
     if (mblnWindowless)
@@ -219,7 +220,7 @@ void frmMain::CreatePages() {
             mobjPages[i] = std::make_unique<frmOperaTab>(templates[i], captions[i]);
         else
             mobjPages[i] = std::make_unique<clsTabPage>(templates[i], captions[i]);
-        if (!mhWnd) {
+        if (mblnWindowless) {
             mobjPages[i]->CreateWithoutWindow(mhInstance, *this);
             continue;
         }
