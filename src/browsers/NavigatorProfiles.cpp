@@ -2,6 +2,9 @@
 
 #include <windows.h>
 
+#include <map>
+#include <set>
+
 #include "browsers/ZvMozillaLib.h"
 #include "browsers/modShellFolders.h"
 #include "platform/Procedure.h"
@@ -95,6 +98,64 @@ std::string FirstSaltFolder(const std::string& astrFolder) {
 
 }  // namespace
 
+// Whether a path can exist, judged from listings of the folders it passes
+// through: a registry may name thousands of profiles whose folders are gone,
+// and one listing of the folder they shared answers for all of them. A
+// folder is listed once paths through it have been asked about twice; what
+// the listings cannot judge (another form than "C:\a\b", names the file
+// system would trim or fold otherwise) may exist, for the file system to say.
+class FolderListings {
+  public:
+    bool MayExist(const std::string& astrPath) {
+        if (astrPath.size() < 4 || astrPath[1] != ':' || astrPath[2] != '\\') return true;
+        size_t start = 3;
+        while (start < astrPath.size()) {
+            const size_t end = astrPath.find('\\', start);
+            const std::string name =
+                astrPath.substr(start, end == std::string::npos ? std::string::npos : end - start);
+            if (!Judgeable(name)) return true;
+            const std::set<std::string>* names = Listing(ToUpper(astrPath.substr(0, start)));
+            if (names && names->count(ToUpper(name)) == 0) return false;
+            if (end == std::string::npos) break;
+            start = end + 1;
+        }
+        return true;
+    }
+
+  private:
+    // Plain ASCII names, which every system compares alike without case.
+    static bool Judgeable(const std::string& astrName) {
+        if (astrName.empty() || astrName == "." || astrName == ".." || astrName.back() == '.' ||
+            astrName.back() == ' ')
+            return false;
+        for (char c : astrName) {
+            const unsigned char u = static_cast<unsigned char>(c);
+            if (u < 0x20 || u >= 0x80 || std::string("*?/:\"<>|~").find(c) != std::string::npos)
+                return false;
+        }
+        return true;
+    }
+
+    // The names in a folder (its path upper-case, ending in "\"), or nothing.
+    const std::set<std::string>* Listing(const std::string& astrFolder) {
+        const auto listed = mListed.find(astrFolder);
+        if (listed != mListed.end()) return listed->second.first ? &listed->second.second : nullptr;
+        if (++mAsked[astrFolder] < 2) return nullptr;
+        std::pair<bool, std::set<std::string>>& entry = mListed[astrFolder];
+        WIN32_FIND_DATAA found;
+        FindHandle listing(FindFirstFileA((astrFolder + "*").c_str(), &found));
+        if (!listing) return nullptr;
+        do {
+            entry.second.insert(ToUpper(found.cFileName));
+        } while (FindNextFileA(listing.Get(), &found));
+        entry.first = GetLastError() == ERROR_NO_MORE_FILES;
+        return entry.first ? &entry.second : nullptr;
+    }
+
+    std::map<std::string, int> mAsked;
+    std::map<std::string, std::pair<bool, std::set<std::string>>> mListed;
+};
+
 void NavigatorProfiles::Find() {
     FindMachineWideProfile();
     if (mstrCurrent.empty()) FindPerUserProfiles();
@@ -102,16 +163,14 @@ void NavigatorProfiles::Find() {
 }
 
 std::string NavigatorProfiles::PrefsFileOf(const std::string& astrProfile) const {
-    const std::string name = ToLower(astrProfile);
-    for (const NavigatorProfile& profile : mcolFound)
-        if (ToLower(profile.Name) == name) return profile.PrefsFile;
-    return std::string();
+    const auto found = mcolByName.find(ToLower(astrProfile));
+    return found == mcolByName.end() ? std::string() : mcolFound[found->second].PrefsFile;
 }
 
 // Logs the search for a prefs file; true when it exists.
-bool NavigatorProfiles::FindPrefs(const std::string& astrPrefsFile) {
+bool NavigatorProfiles::FindPrefs(const std::string& astrPrefsFile, FolderListings* aobjListings) {
     Note("Searching for Prefs: " + astrPrefsFile);
-    if (!IsFile(astrPrefsFile)) {
+    if ((aobjListings && !aobjListings->MayExist(astrPrefsFile)) || !IsFile(astrPrefsFile)) {
         Note("Prefs file not found");
         return false;
     }
@@ -127,6 +186,7 @@ bool NavigatorProfiles::AddProfile(const std::string& astrName, const std::strin
         Note("Profile already listed: " + astrName);
         return false;
     }
+    mcolByName.emplace(ToLower(astrName), mcolFound.size());
     mcolFound.push_back({astrName, astrPrefsFile});
     return true;
 }
@@ -202,6 +262,7 @@ void NavigatorProfiles::FindMozillaProfiles() {
         Note("Searching for Prefs: " + registryFile);
         if (!IsFile(registryFile)) return;
 
+        FolderListings listings;
         ZvMozillaLib registry;
         if (!registry.Open(registryFile)) {
             proc.Log("not a profile registry: " + registryFile);
@@ -218,7 +279,7 @@ void NavigatorProfiles::FindMozillaProfiles() {
                 }
             }
             const std::string file = PrefsIn(folder);
-            if (FindPrefs(file)) AddProfile(profile.Name, file);
+            if (FindPrefs(file, &listings)) AddProfile(profile.Name, file);
         }
     });
 }

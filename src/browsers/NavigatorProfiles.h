@@ -12,9 +12,12 @@
 #pragma once
 
 #include <string>
+#include <unordered_map>
 #include <vector>
 
 namespace rwz {
+
+class FolderListings;
 
 struct NavigatorProfile {
     std::string Name;
@@ -36,11 +39,15 @@ class NavigatorProfiles {
     void FindMachineWideProfile();
     void FindPerUserProfiles();
     void FindMozillaProfiles();
-    static bool FindPrefs(const std::string& astrPrefsFile);
+    // With `aobjListings`, a file that its folders' listings show missing is
+    // not looked for.
+    static bool FindPrefs(const std::string& astrPrefsFile, FolderListings* aobjListings = nullptr);
     // Lists a profile; false for a name already listed.
     bool AddProfile(const std::string& astrName, const std::string& astrPrefsFile);
 
     std::vector<NavigatorProfile> mcolFound;
+    // Positions in mcolFound by lower-case name: a registry may list thousands.
+    std::unordered_map<std::string, size_t> mcolByName;
     std::string mstrCurrent;
 };
 

@@ -17,8 +17,7 @@ bool ZvMozillaLib::Open(const std::string& astrFile) {
     return proc.Run(
         [&] {
             Clear();
-            std::string data = ReadWholeFile(astrFile, kMaxFileSize);
-            const bool read = ReadRegistry(data);
+            const bool read = ReadRegistry(ReadWholeFile(astrFile, kMaxFileSize));
             mstrFile = astrFile;
             return read;
         },

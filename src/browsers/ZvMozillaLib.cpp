@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cstdio>
 #include <optional>
+#include <utility>
 
 #include "platform/Procedure.h"
 #include "platform/RwzError.h"
@@ -15,8 +16,15 @@ namespace {
 const char kObject[] = "ZvMozillaLib";
 const char kEol[] = "\r\n";
 
-std::string CutAtNul(const std::string& text) {
-    return text.substr(0, text.find('\0'));
+std::string CutAtNul(std::string_view text) {
+    return std::string(text.substr(0, text.find('\0')));
+}
+
+// The same in place, for text read to keep.
+std::string CutAtNul(std::string&& text) {
+    const size_t nul = text.find('\0');
+    if (nul != std::string::npos) text.resize(nul);
+    return std::move(text);
 }
 
 // "/" is the registry's root; blanks cannot stand in an element name.
@@ -42,7 +50,7 @@ std::string NumberText(uint64_t value) {
 }
 
 // Little-endian unsigned value of up to eight bytes.
-uint64_t LittleEndian(const std::string& bytes, size_t from, size_t count) {
+uint64_t LittleEndian(std::string_view bytes, size_t from, size_t count) {
     uint64_t value = 0;
     for (size_t i = count; i-- > 0;) {
         value = (value << 8) | static_cast<unsigned char>(bytes[from + i]);
@@ -51,7 +59,7 @@ uint64_t LittleEndian(const std::string& bytes, size_t from, size_t count) {
 }
 
 // A byte value that holds a C string: printable bytes and one final NUL.
-bool LooksLikeText(const std::string& bytes) {
+bool LooksLikeText(std::string_view bytes) {
     if (bytes.empty() || bytes.back() != '\0') return false;
     for (size_t i = 0; i + 1 < bytes.size(); ++i) {
         const unsigned char c = static_cast<unsigned char>(bytes[i]);
@@ -62,7 +70,7 @@ bool LooksLikeText(const std::string& bytes) {
 
 // A "Time" value: seconds since 1/1/1970 in hexadecimal text, as
 // "MM/DD/YYYY HH:MM:SS"; nothing when the text is not such a count.
-std::optional<std::string> TimeText(const std::string& value) {
+std::optional<std::string> TimeText(std::string_view value) {
     std::string digits = CutAtNul(value);
     while (!digits.empty() && digits.back() == ' ') digits.pop_back();
     while (!digits.empty() && digits.front() == ' ') digits.erase(0, 1);
@@ -112,9 +120,9 @@ std::string ValueText(const ZvRegEntry& entry) {
     if (entry.Name() == "Time") {
         if (auto date = TimeText(entry.Value())) return *date;
     }
-    if (entry.IsText()) return entry.Value();
+    if (entry.IsText()) return std::string(entry.Value());
 
-    const std::string& bytes = entry.Value();
+    const std::string_view bytes = entry.Value();
     if (entry.Type() == kRegTypeIntArray) {
         std::string text;
         for (size_t at = 0; at < bytes.size(); at += 4) {
@@ -125,7 +133,7 @@ std::string ValueText(const ZvRegEntry& entry) {
     }
     // Byte values and types this reader does not know.
     if (bytes.empty()) return "";
-    if (LooksLikeText(bytes)) return bytes.substr(0, bytes.size() - 1);
+    if (LooksLikeText(bytes)) return std::string(bytes.substr(0, bytes.size() - 1));
     if (bytes.size() <= 8) return NumberText(LittleEndian(bytes, 0, bytes.size()));
     std::string text = "0x";
     for (char c : bytes) {
@@ -144,7 +152,7 @@ std::string RenderingError(const ErrorInfo& aError) {
 
 // --- Reading ---------------------------------------------------------------
 
-bool ZvMozillaLib::ReadRegistry(const std::string& astrData) {
+bool ZvMozillaLib::ReadRegistry(std::string astrData) {
     Procedure proc(kObject, "ReadRegistry");
     return proc.RunThen(
         [&] {
@@ -153,7 +161,7 @@ bool ZvMozillaLib::ReadRegistry(const std::string& astrData) {
                 proc.Log("too large for a profile registry");
                 return false;
             }
-            mstrData = astrData;
+            mstrData = std::move(astrData);
             const bool read = ReadTree();
             std::unordered_set<uint32_t>().swap(mobjVisited);
             if (!read) {
@@ -242,7 +250,7 @@ void ZvMozillaLib::ReadChain(uint32_t alngOffset, ZvRegKey& aobjOwner, int aintD
         }
         if (!Spend(desc.NameLength)) return;
         Seek(desc.Name);
-        const std::string name = CutAtNul(ReadText(desc.NameLength));
+        std::string name = CutAtNul(ReadText(desc.NameLength));
 
         if (desc.Type & kRegTypeEntry) {
             if (!Fits(desc.Value, desc.ValueLength)) {
@@ -251,13 +259,13 @@ void ZvMozillaLib::ReadChain(uint32_t alngOffset, ZvRegKey& aobjOwner, int aintD
                 continue;
             }
             if (!Spend(desc.ValueLength)) return;
-            Seek(desc.Value);
-            ZvRegEntry entry(name, ReadText(desc.ValueLength), desc.Type);
-            if (entry.IsText()) entry.SetValue(CutAtNul(entry.Value()));
-            aobjOwner.AddEntry(std::move(entry));
+            Seek(desc.Value + desc.ValueLength);  // past the value, which stays where it is
+            aobjOwner.AddEntry(ZvRegEntry(
+                std::move(name), std::string_view(mstrData).substr(desc.Value, desc.ValueLength),
+                desc.Type));
             ++mlngNodes;
         } else {
-            ZvRegKey key(name);
+            ZvRegKey key(std::move(name));
             if (aintDepth >= kMaxDepth) {
                 if (desc.Value != 0 || desc.Down != 0) Damage("keys nested too deep", offset);
             } else {
@@ -379,8 +387,8 @@ std::vector<ZvMozillaProfile> ZvMozillaLib::ProfileList() const {
         ZvMozillaProfile profile;
         profile.Name = key.Name();
         if (const ZvRegEntry* directory = key.Entry("directory")) {
-            profile.Directory =
-                directory->IsText() ? directory->Value() : CutAtNul(directory->Value());
+            profile.Directory = directory->IsText() ? std::string(directory->Value())
+                                                    : CutAtNul(directory->Value());
             profile.HasDirectory = true;
         }
         profiles.push_back(std::move(profile));

@@ -41,11 +41,16 @@ class ZvMozillaLib {
     // Runtime error raised by the reading primitives outside the file.
     static constexpr int32_t kErrInputPastEnd = 62;
 
+    ZvMozillaLib() = default;
+    // The entries' values point into the bytes the reader holds.
+    ZvMozillaLib(const ZvMozillaLib&) = delete;
+    ZvMozillaLib& operator=(const ZvMozillaLib&) = delete;
+
     // Reads the file: true when its header is a registry's and its root node
     // could be read. Anything read before is dropped first.
     bool Open(const std::string& astrFile);
-    // The same for a registry already held in memory.
-    bool ReadRegistry(const std::string& astrData);
+    // The same for a registry already held in memory (taken over when moved in).
+    bool ReadRegistry(std::string astrData);
 
     // The whole tree as XML; only the header line when nothing was read.
     std::string ToXML() const;

@@ -3,6 +3,7 @@
 
 #include <cstdint>
 #include <string>
+#include <string_view>
 #include <utility>
 
 namespace rwz {
@@ -15,27 +16,29 @@ constexpr uint16_t kRegTypeIntArray = 0x12;  // little-endian 32-bit integers
 constexpr uint16_t kRegTypeBytes = 0x13;     // raw bytes
 constexpr uint16_t kRegTypeFile = 0x14;      // a path, stored as text
 
+// The value is a view of the bytes the reader holds: an entry lives only as
+// long as the reader that read it. Values are left where they are, as a
+// registry of thousands of profiles is mostly values no caller looks at.
 class ZvRegEntry {
   public:
     ZvRegEntry() = default;
-    ZvRegEntry(std::string astrName, std::string astrValue, uint16_t aintType)
-        : mstrName(std::move(astrName)), mstrValue(std::move(astrValue)), mintType(aintType) {}
+    ZvRegEntry(std::string astrName, std::string_view aValue, uint16_t aintType)
+        : mstrName(std::move(astrName)), mValue(aValue), mintType(aintType) {}
 
     const std::string& Name() const { return mstrName; }
-    void SetName(const std::string& astrName) { mstrName = astrName; }
-    // Text and file values hold the text without its NUL; other types hold
-    // the stored bytes as they are.
-    const std::string& Value() const { return mstrValue; }
-    void SetValue(const std::string& astrValue) { mstrValue = astrValue; }
+    // Text and file values: the text up to its NUL; other types: the stored
+    // bytes as they are.
+    std::string_view Value() const {
+        return IsText() ? mValue.substr(0, mValue.find('\0')) : mValue;
+    }
     uint16_t Type() const { return mintType; }
-    void SetType(uint16_t aintType) { mintType = aintType; }
 
     // True for the types whose value is text (string and file entries).
     bool IsText() const { return mintType == kRegTypeString || mintType == kRegTypeFile; }
 
   private:
     std::string mstrName;
-    std::string mstrValue;
+    std::string_view mValue;
     uint16_t mintType = kRegTypeString;
 };
 

@@ -68,10 +68,17 @@ struct PrinterTraits {
     static BOOL Close(HANDLE h);  // ClosePrinter; defined where winspool is used
 };
 
+struct MenuTraits {
+    static HMENU None() { return nullptr; }
+    static bool IsValid(HMENU m) { return m != nullptr; }
+    static BOOL Close(HMENU m) { return m ? DestroyMenu(m) : TRUE; }
+};
+
 using RegKey = UniqueHandle<HKEY, RegKeyTraits>;
 using KernelHandle = UniqueHandle<HANDLE, KernelHandleTraits>;
 using FindHandle = UniqueHandle<HANDLE, FindHandleTraits>;
 using Module = UniqueHandle<HMODULE, ModuleTraits>;
 using PrinterHandle = UniqueHandle<HANDLE, PrinterTraits>;
+using MenuHandle = UniqueHandle<HMENU, MenuTraits>;
 
 }  // namespace rwz

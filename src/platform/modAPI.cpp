@@ -3,6 +3,7 @@
 #include <commdlg.h>
 
 #include <cstdio>
+#include <map>
 #include <vector>
 
 #include "platform/Procedure.h"
@@ -231,7 +232,11 @@ float VersionNumber(const std::string& astrVersion) {
 
 std::string GetFileProductVersion(const std::string& astrPath) {
     Procedure proc("modAPI", "GetFileProductVersion");
-    return proc.Run([&] {
+    // A program's version does not change while this one runs, and start-up
+    // asks for each browser's several times: the version resource is read once.
+    static std::map<std::string, std::string> versions;
+    if (const auto known = versions.find(astrPath); known != versions.end()) return known->second;
+    std::string version = proc.Run([&] {
         DWORD ignored = 0;
         const DWORD size = GetFileVersionInfoSizeA(astrPath.c_str(), &ignored);
         if (size == 0) return std::string();
@@ -256,6 +261,8 @@ std::string GetFileProductVersion(const std::string& astrPath) {
         }
         return StringFromPointer(static_cast<const char*>(value));
     });
+    versions.emplace(astrPath, version);
+    return version;
 }
 
 std::string ShowOpenFileDialog(HWND owner, const std::string& astrTitle,

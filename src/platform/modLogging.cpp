@@ -29,21 +29,46 @@ KernelHandle& LogFile() {
     static KernelHandle file;
     return file;
 }
+// Whether LogFile() may only append.
+bool& LogAppendsOnly() {
+    static bool appendsOnly = false;
+    return appendsOnly;
+}
 
 HANDLE OpenLog(const std::string& astrPath, DWORD adwDisposition) {
     return CreateFileA(astrPath.c_str(), GENERIC_WRITE, FILE_SHARE_READ | FILE_SHARE_WRITE, nullptr,
                        adwDisposition, FILE_ATTRIBUTE_NORMAL, nullptr);
 }
 
+// On NT a handle that may only append writes each line at the file's end in
+// one step, whatever other copies write meanwhile; 95, 98 and ME know only
+// whole write access, and there a locked byte keeps two copies' lines apart.
+bool SystemAppendsOnly() {
+    return (GetVersion() & 0x80000000u) == 0;
+}
+
+// Opens the log for its lines, created when missing, as LogFile().
+void OpenLogForLines(const std::string& astrPath) {
+    LogAppendsOnly() = SystemAppendsOnly();
+    LogFile().Reset(LogAppendsOnly() ? CreateFileA(astrPath.c_str(), FILE_APPEND_DATA | SYNCHRONIZE,
+                                                   FILE_SHARE_READ | FILE_SHARE_WRITE, nullptr,
+                                                   OPEN_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr)
+                                     : OpenLog(astrPath, OPEN_ALWAYS));
+}
+
 // Appends text at the file's end as one piece. False when it was not written.
-bool AppendToLog(HANDLE file, const std::string& astrText) {
+bool AppendToLog(HANDLE file, const std::string& astrText, bool ablnAppendsOnly) {
+    DWORD written = 0;
+    if (ablnAppendsOnly)
+        return WriteFile(file, astrText.data(), static_cast<DWORD>(astrText.size()), &written,
+                         nullptr) &&
+               written == astrText.size();
     bool locked = false;
     for (int attempt = 0; attempt < 100 && !locked; ++attempt) {
         locked = LockFile(file, kLineLockOffset, 0, 1, 0) != FALSE;
         if (!locked) Sleep(1);
     }
     SetFilePointer(file, 0, nullptr, FILE_END);
-    DWORD written = 0;
     const bool ok =
         WriteFile(file, astrText.data(), static_cast<DWORD>(astrText.size()), &written, nullptr) &&
         written == astrText.size();
@@ -129,9 +154,12 @@ void WriteLogHeader(LogStart start) {
     if (!file) RaiseRuntimeError(kErrPermissionDenied, "Rwz");
     block += std::string(kRule) + eol;
 
-    if (!AppendToLog(file.Get(), block)) RaiseRuntimeError(kErrDiskFull, "Rwz");
+    // Created or emptied: the block goes in like every line after it.
+    file.Reset();
+    OpenLogForLines(path);
+    if (!LogFile() || !AppendToLog(LogFile().Get(), block, LogAppendsOnly()))
+        RaiseRuntimeError(kErrDiskFull, "Rwz");
     LogPath() = path;
-    LogFile() = std::move(file);
 }
 
 void WriteLog(const std::string& message, int level) {
@@ -143,17 +171,16 @@ void WriteLog(const std::string& message, int level) {
     // where it stands; a line that cannot be written is lost, as logging never
     // disturbs the caller.
     for (int attempt = 0; attempt < 100 && !LogFile(); ++attempt) {
-        LogFile().Reset(OpenLog(LogFilePath(), OPEN_ALWAYS));
+        OpenLogForLines(LogFilePath());
         if (!LogFile() && GetLastError() != ERROR_SHARING_VIOLATION) break;
         if (!LogFile()) Sleep(1);  // a reader without write sharing: its turn ends soon
     }
-    if (LogFile()) AppendToLog(LogFile().Get(), line);
+    if (LogFile()) AppendToLog(LogFile().Get(), line, LogAppendsOnly());
 }
 
 void LogError(const ErrorInfo& error, const std::string& where) {
     std::string text = error.Description + " (" + std::to_string(error.Number) + ") : " + where;
     WriteLog(Trim(text), kLogError);
 }
-
 
 }  // namespace rwz

@@ -89,7 +89,10 @@ std::string ReadWholeFile(const std::string& astrFile, size_t alngMaxBytes) {
     if (low == INVALID_FILE_SIZE && GetLastError() != NO_ERROR) RaiseLastFileError();
     if (high != 0 || low > alngMaxBytes) RaiseRuntimeError(kErrOutOfMemory, "Rwz");
 
-    std::string text(low, '\0');
+    // Room for a file that grows a little, so that reading to its end copies nothing.
+    std::string text;
+    text.reserve(static_cast<size_t>(low) + 65536);
+    text.resize(low);
     size_t used = 0;
     for (;;) {
         // The file may grow while it is read: keep reading until it ends.

@@ -7,7 +7,7 @@ namespace rwz {
 
 namespace {
 
-bool IsDropDownList(HWND combo) {
+bool IsDropDownListCombo(HWND combo) {
     return (GetWindowLongA(combo, GWL_STYLE) & 0x3) == CBS_DROPDOWNLIST;
 }
 
@@ -26,14 +26,6 @@ std::vector<std::string> Items(HWND combo) {
     const LRESULT count = SendMessageA(combo, CB_GETCOUNT, 0, 0);
     for (LRESULT i = 0; i < count; ++i) items.push_back(ItemText(combo, static_cast<int>(i)));
     return items;
-}
-
-// The item that is exactly the text (the combo box's own search ignores case).
-int FindItem(HWND combo, const std::string& astrText) {
-    const std::vector<std::string> items = Items(combo);
-    for (size_t i = 0; i < items.size(); ++i)
-        if (items[i] == astrText) return static_cast<int>(i);
-    return -1;
 }
 
 }  // namespace
@@ -89,86 +81,167 @@ std::string FieldBindings::ControlText(HWND page, int aintControlId) {
 std::string FieldBindings::ListText(HWND page, int aintControlId) {
     HWND combo = GetDlgItem(page, aintControlId);
     if (!combo) return std::string();
-    if (!IsDropDownList(combo)) return ControlText(page, aintControlId);
+    if (!IsDropDownListCombo(combo)) return ControlText(page, aintControlId);
     const LRESULT selected = SendMessageA(combo, CB_GETCURSEL, 0, 0);
     return selected == CB_ERR ? std::string() : ItemText(combo, static_cast<int>(selected));
 }
 
-void FieldBindings::FillItems(HWND combo, const std::vector<std::string>& acolItems) {
-    if (Items(combo) == acolItems) return;
-    // The list changes under the value shown, which stays.
-    const bool dropDownList = IsDropDownList(combo);
-    const HWND page = GetParent(combo);
-    const int id = GetDlgCtrlID(combo);
-    const std::string shown = ListText(page, id);
-    SendMessageA(combo, CB_RESETCONTENT, 0, 0);
-    for (const std::string& item : acolItems)
-        SendMessageA(combo, CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(item.c_str()));
-    if (!ShowListText(combo, shown) && dropDownList)
-        SendMessageA(combo, CB_SETCURSEL, static_cast<WPARAM>(-1), 0);
+const FieldBindings::Binding* FieldBindings::Find(int aintControlId) const {
+    for (const Binding& binding : mBindings)
+        if (binding.controlId == aintControlId) return &binding;
+    return nullptr;
 }
 
-bool FieldBindings::ShowListText(HWND combo, const std::string& astrValue) {
-    const int index = FindItem(combo, astrValue);
-    if (index >= 0) {
-        SendMessageA(combo, CB_SETCURSEL, index, 0);
-        return true;
+bool FieldBindings::IsDropDownList(HWND page, const Binding& binding) const {
+    if (page) return IsDropDownListCombo(GetDlgItem(page, binding.controlId));
+    const auto style = mcolStyles.find(binding.controlId);
+    return style != mcolStyles.end() && (style->second & 0x3) == CBS_DROPDOWNLIST;
+}
+
+std::string FieldBindings::ShownListText(HWND page, const Binding& binding) const {
+    if (page) return ListText(page, binding.controlId);
+    if (!IsDropDownList(page, binding)) return binding.shownText;
+    return binding.shownChoice < 0 ? std::string() : binding.shownItems[binding.shownChoice];
+}
+
+int FieldBindings::ShownChoice(HWND page, const Binding& binding) const {
+    if (!page) return binding.shownChoice;
+    const LRESULT shown = SendMessageA(GetDlgItem(page, binding.controlId), CB_GETCURSEL, 0, 0);
+    return shown == CB_ERR ? -1 : static_cast<int>(shown);
+}
+
+void FieldBindings::SelectItem(HWND page, Binding& binding, int aintIndex) const {
+    if (page) {
+        SendMessageA(GetDlgItem(page, binding.controlId), CB_SETCURSEL,
+                     static_cast<WPARAM>(aintIndex), 0);
+        return;
     }
-    if (IsDropDownList(combo)) return false;
-    SendMessageA(combo, CB_SETCURSEL, static_cast<WPARAM>(-1), 0);
-    SetWindowTextA(combo, astrValue.c_str());
+    // A position past the list clears the choice; a combo's edit field shows the choice.
+    const bool valid = aintIndex >= 0 && aintIndex < static_cast<int>(binding.shownItems.size());
+    binding.shownChoice = valid ? aintIndex : -1;
+    binding.shownText = valid ? binding.shownItems[aintIndex] : std::string();
+}
+
+void FieldBindings::FillItems(HWND page, Binding& binding,
+                              const std::vector<std::string>& acolItems) const {
+    HWND combo = page ? GetDlgItem(page, binding.controlId) : nullptr;
+    if ((page ? Items(combo) : binding.shownItems) == acolItems) return;
+    // The list changes under the value shown, which stays.
+    const bool dropDownList = IsDropDownList(page, binding);
+    const std::string shown = ShownListText(page, binding);
+    if (page) {
+        SendMessageA(combo, CB_RESETCONTENT, 0, 0);
+        for (const std::string& item : acolItems)
+            SendMessageA(combo, CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(item.c_str()));
+    } else {
+        // Emptied, edit field and all; an item shows up to its first NUL.
+        binding.shownItems.clear();
+        for (const std::string& item : acolItems) binding.shownItems.push_back(item.c_str());
+        binding.shownChoice = -1;
+        binding.shownText.clear();
+    }
+    if (!ShowListText(page, binding, shown) && dropDownList) SelectItem(page, binding, -1);
+}
+
+bool FieldBindings::ShowListText(HWND page, Binding& binding, const std::string& astrValue) const {
+    const std::vector<std::string> items =
+        page ? Items(GetDlgItem(page, binding.controlId)) : binding.shownItems;
+    for (size_t i = 0; i < items.size(); ++i) {
+        if (items[i] == astrValue) {
+            SelectItem(page, binding, static_cast<int>(i));
+            return true;
+        }
+    }
+    if (IsDropDownList(page, binding)) return false;
+    SelectItem(page, binding, -1);
+    if (page)
+        SetWindowTextA(GetDlgItem(page, binding.controlId), astrValue.c_str());
+    else
+        binding.shownText = astrValue.c_str();
     return true;
+}
+
+bool FieldBindings::Checked(HWND page, int aintControlId) const {
+    if (page) return IsDlgButtonChecked(page, aintControlId) == BST_CHECKED;
+    for (const Binding& binding : mBindings) {
+        if (binding.controlId == aintControlId) return binding.shownChecked;
+        if (binding.kind == Kind::OptionPair && binding.falseId == aintControlId)
+            return binding.shownFalseChecked;
+    }
+    return false;
+}
+
+int FieldBindings::Choice(HWND page, int aintControlId) const {
+    const Binding* binding = Find(aintControlId);
+    if (!page || !binding) return binding ? binding->shownChoice : -1;
+    return ShownChoice(page, *binding);
+}
+
+void FieldBindings::ShowChecked(HWND page, int aintControlId, bool ablnChecked) {
+    if (page) {
+        CheckDlgButton(page, aintControlId, ablnChecked ? BST_CHECKED : BST_UNCHECKED);
+        return;
+    }
+    for (Binding& binding : mBindings)
+        if (binding.controlId == aintControlId && binding.kind == Kind::Check)
+            binding.shownChecked = ablnChecked;
 }
 
 std::vector<int> FieldBindings::Refill(HWND page, bool ablnAssign, const std::vector<int>& aOnly) {
     std::vector<int> changed;
     mblnRefilling = true;
-    for (const Binding& binding : mBindings) {
+    for (Binding& binding : mBindings) {
         if (!aOnly.empty() &&
             std::find(aOnly.begin(), aOnly.end(), binding.controlId) == aOnly.end())
             continue;
         switch (binding.kind) {
             case Kind::Check: {
                 const bool value = binding.getFlag();
-                const bool shown = IsDlgButtonChecked(page, binding.controlId) == BST_CHECKED;
-                if (value == shown) continue;
-                CheckDlgButton(page, binding.controlId, value ? BST_CHECKED : BST_UNCHECKED);
+                if (value == Checked(page, binding.controlId)) continue;
+                if (page)
+                    CheckDlgButton(page, binding.controlId, value ? BST_CHECKED : BST_UNCHECKED);
+                binding.shownChecked = value;
                 if (ablnAssign) binding.setFlag(value);
                 break;
             }
             case Kind::OptionPair: {
                 const bool value = binding.getFlag();
                 // Before the first refill neither button is chosen: that shows false.
-                const bool shown = IsDlgButtonChecked(page, binding.controlId) == BST_CHECKED;
-                CheckDlgButton(page, binding.controlId, value ? BST_CHECKED : BST_UNCHECKED);
-                CheckDlgButton(page, binding.falseId, value ? BST_UNCHECKED : BST_CHECKED);
+                const bool shown = Checked(page, binding.controlId);
+                if (page) {
+                    CheckDlgButton(page, binding.controlId, value ? BST_CHECKED : BST_UNCHECKED);
+                    CheckDlgButton(page, binding.falseId, value ? BST_UNCHECKED : BST_CHECKED);
+                }
+                binding.shownChecked = value;
+                binding.shownFalseChecked = !value;
                 if (value == shown) continue;
                 if (ablnAssign) binding.setFlag(value);
                 break;
             }
             case Kind::List: {
-                HWND combo = GetDlgItem(page, binding.controlId);
-                if (binding.getItems) FillItems(combo, binding.getItems());
+                if (binding.getItems) FillItems(page, binding, binding.getItems());
                 const std::string value = binding.getText();
-                if (value == ListText(page, binding.controlId)) continue;
-                if (!ShowListText(combo, value)) continue;
+                if (value == ShownListText(page, binding)) continue;
+                if (!ShowListText(page, binding, value)) continue;
                 if (ablnAssign) binding.setText(value);
                 break;
             }
             case Kind::Choice: {
-                HWND combo = GetDlgItem(page, binding.controlId);
-                if (binding.getItems) FillItems(combo, binding.getItems());
+                if (binding.getItems) FillItems(page, binding, binding.getItems());
                 const int value = binding.getIndex();
-                const LRESULT shown = SendMessageA(combo, CB_GETCURSEL, 0, 0);
-                if (value == (shown == CB_ERR ? -1 : static_cast<int>(shown))) continue;
-                SendMessageA(combo, CB_SETCURSEL, static_cast<WPARAM>(value), 0);
+                if (value == ShownChoice(page, binding)) continue;
+                SelectItem(page, binding, value);
                 if (ablnAssign) binding.setIndex(value);
                 break;
             }
             case Kind::Text: {
                 const std::string value = binding.getText();
-                if (value == ControlText(page, binding.controlId)) continue;
-                SetDlgItemTextA(page, binding.controlId, value.c_str());
+                if (value == (page ? ControlText(page, binding.controlId) : binding.shownText))
+                    continue;
+                if (page)
+                    SetDlgItemTextA(page, binding.controlId, value.c_str());
+                else
+                    binding.shownText = value.c_str();  // a field shows up to the first NUL
                 if (ablnAssign) binding.setText(value);
                 break;
             }

@@ -14,7 +14,7 @@ std::vector<int> clsBrowserTab::RefillFrom(IBrowser* aobjBrowser, bool ablnAssig
     return proc.Run([&] {
         mobjBrowser = aobjBrowser;
         std::vector<int> changed;
-        if (!mobjBrowser || !mhWnd) return changed;
+        if (!mobjBrowser) return changed;
         changed = mBindings.Refill(mhWnd, ablnAssign);
         if (ablnAssign && !changed.empty())
             proc.Log(std::to_string(changed.size()) + " settings differ");
@@ -62,7 +62,7 @@ void clsBrowserTab::BindList(int aintControlId, ListGetter items, TextField aFie
 }
 
 bool clsBrowserTab::IsChecked(int aintControlId) const {
-    return IsDlgButtonChecked(mhWnd, aintControlId) == BST_CHECKED;
+    return mBindings.Checked(mhWnd, aintControlId);
 }
 
 void clsBrowserTab::Enable(int aintControlId, bool ablnEnabled) const {

@@ -13,6 +13,88 @@ std::string WindowText(HWND window) {
     return text;
 }
 
+namespace {
+
+// Reads a dialog template (DLGTEMPLATE or DLGTEMPLATEEX) front to back.
+class TemplateReader {
+  public:
+    TemplateReader(const BYTE* data, size_t size) : mData(data), mSize(size) {}
+    bool Ok() const { return mPos <= mSize; }
+    WORD Word() { return static_cast<WORD>(Byte() | (Byte() << 8)); }
+    DWORD Dword() { return Word() | (static_cast<DWORD>(Word()) << 16); }
+    void Skip(size_t count) { mPos += count; }
+    void AlignDword() { mPos = (mPos + 3) & ~static_cast<size_t>(3); }
+    // A string of WCHARs, or 0xFFFF and an ordinal, or 0 for none.
+    void SkipNameOrOrdinal() {
+        const WORD first = Word();
+        if (first == 0xFFFF)
+            Word();
+        else
+            while (first != 0 && Ok() && Word() != 0) {
+            }
+    }
+    void SkipString() {
+        while (Ok() && Word() != 0) {
+        }
+    }
+
+  private:
+    BYTE Byte() { return mPos < mSize ? mData[mPos++] : (++mPos, 0); }
+    const BYTE* mData;
+    size_t mSize;
+    size_t mPos = 0;
+};
+
+}  // namespace
+
+std::map<int, DWORD> DialogControlStyles(HINSTANCE instance, const char* aszTemplate) {
+    std::map<int, DWORD> styles;
+    HRSRC found = FindResourceA(instance, aszTemplate, MAKEINTRESOURCEA(5));  // RT_DIALOG
+    HGLOBAL loaded = found ? LoadResource(instance, found) : nullptr;
+    const BYTE* data = loaded ? static_cast<const BYTE*>(LockResource(loaded)) : nullptr;
+    if (!data) return styles;
+    TemplateReader in(data, SizeofResource(instance, found));
+    const bool extended = in.Word() == 1 && in.Word() == 0xFFFF;
+    DWORD style = 0;
+    if (extended) {
+        in.Skip(8);  // help id, extended style
+        style = in.Dword();
+    } else {
+        in = TemplateReader(data, SizeofResource(instance, found));
+        style = in.Dword();
+        in.Skip(4);  // extended style
+    }
+    const WORD count = in.Word();
+    in.Skip(8);              // position and size
+    in.SkipNameOrOrdinal();  // menu
+    in.SkipNameOrOrdinal();  // window class
+    in.SkipString();         // caption
+    if (style & DS_SETFONT) {
+        in.Skip(extended ? 6 : 2);  // point size (weight, italic, character set)
+        in.SkipString();            // face name
+    }
+    for (WORD i = 0; i < count && in.Ok(); ++i) {
+        in.AlignDword();
+        DWORD controlStyle = 0;
+        int id = 0;
+        if (extended) {
+            in.Skip(8);  // help id, extended style
+            controlStyle = in.Dword();
+            in.Skip(8);
+            id = static_cast<int>(in.Dword());
+        } else {
+            controlStyle = in.Dword();
+            in.Skip(12);  // extended style, position and size
+            id = static_cast<short>(in.Word());
+        }
+        in.SkipNameOrOrdinal();  // class
+        in.SkipNameOrOrdinal();  // caption
+        in.Skip(in.Word());      // creation data
+        if (in.Ok()) styles[id] = controlStyle;
+    }
+    return styles;
+}
+
 clsDialog::~clsDialog() {
     if (!mblnModal) Destroy();
 }

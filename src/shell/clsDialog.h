@@ -12,6 +12,7 @@
 
 #include <windows.h>
 
+#include <map>
 #include <string>
 
 namespace rwz {
@@ -70,5 +71,9 @@ class clsDialog {
 
 // The text of any window (edit field, static text, caption).
 std::string WindowText(HWND window);
+
+// The style of each control of a dialog template, by control id, read from
+// the resource without making a window.
+std::map<int, DWORD> DialogControlStyles(HINSTANCE instance, const char* aszTemplate);
 
 }  // namespace rwz

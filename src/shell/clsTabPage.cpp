@@ -12,6 +12,12 @@ bool clsTabPage::Create(HINSTANCE instance, HWND parent, ITabHost& host) {
     return clsDialog::Create(mszTemplate, parent, instance);
 }
 
+void clsTabPage::CreateWithoutWindow(HINSTANCE instance, ITabHost& host) {
+    mpHost = &host;
+    mBindings.SetControlStyles(DialogControlStyles(instance, mszTemplate));
+    OnCreate();
+}
+
 void clsTabPage::Refill(clsRwzConfig&, bool ablnAssign) {
     mBindings.Refill(mhWnd, ablnAssign);
 }

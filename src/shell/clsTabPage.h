@@ -28,6 +28,9 @@ class clsTabPage : public clsDialog {
 
     // Creates the page as a hidden child of `parent`.
     bool Create(HINSTANCE instance, HWND parent, ITabHost& host);
+    // Sets the page up without a window, for a run that never shows one: its
+    // bindings keep what the controls would show and edit the profile alike.
+    void CreateWithoutWindow(HINSTANCE instance, ITabHost& host);
     const std::string& Caption() const { return mstrCaption; }
 
     // Shows the profile's settings. With `ablnAssign` (a profile was opened) a
@@ -39,7 +42,8 @@ class clsTabPage : public clsDialog {
     void SetAvailable(bool ablnAvailable);
 
   protected:
-    // Called once the dialog exists: bind the fields, fill fixed lists.
+    // Called once the dialog exists (or, without a window, once the page is
+    // set up): bind the fields, fill fixed lists.
     virtual void OnCreate() {}
     // A control notification that no binding took.
     using clsDialog::OnCommand;

@@ -55,7 +55,7 @@ std::vector<int> frmGeneralTab::RefillFrom(INetConfig* aobjNet, bool ablnAssign)
     return proc.Run([&] {
         mobjNet = aobjNet;
         std::vector<int> changed;
-        if (!mobjNet || !mhWnd) return changed;
+        if (!mobjNet) return changed;
         if (ablnAssign) ShowProfileAdapter();
         mblnRefilling = true;
         // The fields show one entry of each list; the lists are compared whole.
@@ -91,8 +91,8 @@ std::vector<int> frmGeneralTab::RefillFrom(INetConfig* aobjNet, bool ablnAssign)
 
 void frmGeneralTab::ShowProfileAdapter() {
     const int16_t index = mobjNet->Record().CurrentAdapter;
-    const LRESULT shown = SendMessageA(GetDlgItem(mhWnd, IDC_GEN_ADAPTER), CB_GETCURSEL, 0, 0);
-    if (index < 0 || shown == CB_ERR || index == shown) return;
+    const int shown = mBindings.Choice(mhWnd, IDC_GEN_ADAPTER);
+    if (index < 0 || shown < 0 || index == shown) return;
     // The fields show another adapter than the profile's: what the profile
     // changes on its adapter is measured against that adapter's own settings,
     // so show those first, then put the profile's values back where they differ.
@@ -243,6 +243,7 @@ void frmGeneralTab::FillIndexBox() {
     const int count = std::min(
         kMaxAddresses, (mstrShownAddresses.empty() && mstrShownMasks.empty()) ? 1 : used + 1);
     if (mintIPIndex >= count) mintIPIndex = 0;
+    if (!box) return;
     if (SendMessageA(box, CB_GETCOUNT, 0, 0) != count) {
         SendMessageA(box, CB_RESETCONTENT, 0, 0);
         for (int i = 1; i <= count; ++i)
@@ -294,7 +295,7 @@ void frmGeneralTab::DHCPToggled(bool ablnOn) {
         if (mblnRefilling || !DHCPGivesWINS()) return;
         // There the DHCP server gives the WINS servers: WINS is switched off
         // with DHCP and follows its box again without it.
-        if (ablnOn) CheckDlgButton(mhWnd, IDC_GEN_WINS, BST_UNCHECKED);
+        if (ablnOn) mBindings.ShowChecked(mhWnd, IDC_GEN_WINS, false);
         mobjNet->Assign(&NetRecord::WINSEnabled, !ablnOn && IsChecked(IDC_GEN_WINS));
     });
 }
@@ -357,7 +358,7 @@ void frmGeneralTab::ValidateField(int aintControlId) {
 }
 
 bool frmGeneralTab::IsChecked(int aintControlId) const {
-    return IsDlgButtonChecked(mhWnd, aintControlId) == BST_CHECKED;
+    return mBindings.Checked(mhWnd, aintControlId);
 }
 
 void frmGeneralTab::Enable(int aintControlId, bool ablnEnabled) const {

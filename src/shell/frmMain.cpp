@@ -121,13 +121,20 @@ frmMain::~frmMain() = default;
 
 int frmMain::Run(int showCommand) {
     if (const std::optional<int> code = EndForOtherCopy()) return *code;
-    if (!CreateMainWindow()) return kExitNoWindow;
+    // A hidden run never shows the window, so it makes none: a process's first
+    // window, and its teardown, cost most of what a silent run took.
+    mblnWindowless =
+        !FindSwitch("hidden", SplitCommandLine(CommandLineText(GetCommandLineA()))).empty();
+    if (mblnWindowless)
+        CreateWithoutWindow();
+    else if (!CreateMainWindow())
+        return kExitNoWindow;
     // Until a profile has been applied, a run asked to apply says it was not
     // (an unsupported system, for one, ends before the switches).
     if (ToLower(CommandLineText(GetCommandLineA())).find("/apply") != std::string::npos)
         mlngExitCode = kExitNotApplied;
     Form_Load();
-    if (mblnUnloaded) return static_cast<int>(mlngExitCode);
+    if (mblnUnloaded || mblnWindowless) return static_cast<int>(mlngExitCode);
     ShowWindow(mhWnd, showCommand);
     UpdateWindow(mhWnd);
     MSG message;
@@ -161,6 +168,12 @@ bool frmMain::CreateMainWindow() {
     CreatePages();
     Layout();
     return true;
+}
+
+void frmMain::CreateWithoutWindow() {
+    mhOwnMenu.Reset(LoadMenuA(mhInstance, "MAIN_MENU"));
+    CollectMenuItems(Menu(), mcolMenuCaptions);
+    CreatePages();
 }
 
 void frmMain::CreateBars() {
@@ -209,6 +222,10 @@ void frmMain::CreatePages() {
             mobjPages[i] = std::make_unique<frmOperaTab>(templates[i], captions[i]);
         else
             mobjPages[i] = std::make_unique<clsTabPage>(templates[i], captions[i]);
+        if (mblnWindowless) {
+            mobjPages[i]->CreateWithoutWindow(mhInstance, *this);
+            continue;
+        }
         mobjPages[i]->Create(mhInstance, mhWnd, *this);
         TCITEMA item = {};
         item.mask = TCIF_TEXT;
@@ -639,6 +656,7 @@ void frmMain::ShowHelpContents() {
 void frmMain::Unload() {
     mblnUnloaded = true;
     mobjPages = {};
+    mhOwnMenu.Reset();  // as the window's menu goes with the window
     Destroy();
     // The window procedure is detached, so the message loop is told directly.
     PostQuitMessage(0);
@@ -677,7 +695,7 @@ void frmMain::SetChanged(bool ablnChanged) {
     mblnChanged = ablnChanged;
     // Saving and applying need a profile file or a change to it.
     const bool enable = mblnChanged || mblnFileLoaded;
-    HMENU file = GetSubMenu(GetMenu(mhWnd), 0);
+    HMENU file = GetSubMenu(Menu(), 0);
     EnableMenuItem(file, IDM_FILE_SAVE, MF_BYCOMMAND | (enable ? MF_ENABLED : MF_GRAYED));
     EnableMenuItem(file, IDM_FILE_APPLY, MF_BYCOMMAND | (enable ? MF_ENABLED : MF_GRAYED));
     SendMessageA(mhToolbar, TB_ENABLEBUTTON, IDM_FILE_SAVE, MAKELONG(enable, 0));

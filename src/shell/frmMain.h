@@ -46,8 +46,13 @@ class frmMain : public clsDialog, public ITabHost {
 
     // Start-up (frmMain.cpp).
     bool CreateMainWindow();
+    // A run that never shows the window (the switch "hidden") makes none: the
+    // tabs keep what they would show, the menu is loaded on its own.
+    void CreateWithoutWindow();
     void CreateBars();
     void CreatePages();
+    // The window's menu, or the one loaded without a window.
+    HMENU Menu() const { return mhWnd ? GetMenu(mhWnd) : mhOwnMenu.Get(); }
     // Only one copy runs at a time. The exit code when this copy is to end
     // because another one runs: 0 when it brought that one forward, 1 when it
     // was asked to apply and the other did not finish in time.
@@ -124,6 +129,8 @@ class frmMain : public clsDialog, public ITabHost {
     std::array<bool, kPageCount> mblnInstalled{};
     int mintMRUItems = 0;  // recent-file items (and their separator) in the File menu
     KernelHandle mhCopyMutex;
+    MenuHandle mhOwnMenu;  // the menu of a run without a window
+    bool mblnWindowless = false;
     std::array<bool, kPanelCount> mblnPanelVisible{{true, true, true, true}};
     std::array<std::string, kPanelCount> mstrPanelText;
     // The built-in captions of the menu items, in menu order (separators left

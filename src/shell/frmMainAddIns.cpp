@@ -33,7 +33,7 @@ void frmMain::InitializeAddIns() {
     Procedure proc(kObject, "InitializeAddIns");
     proc.RunThen(
         [&] {
-            HMENU tools = GetSubMenu(GetMenu(mhWnd), kToolsMenu);
+            HMENU tools = GetSubMenu(Menu(), kToolsMenu);
             for (size_t i = 0; i < mstrAddInNames.size(); ++i)
                 DeleteMenu(tools, IDM_ADDIN_FIRST + static_cast<UINT>(i), MF_BYCOMMAND);
             if (!mstrAddInNames.empty())  // the separator before the entries
@@ -86,7 +86,7 @@ void frmMain::mnuAddIns_Click(int aintIndex) {
     proc.RunThen(
         [&] {
             char caption[256] = "";
-            GetMenuStringA(GetMenu(mhWnd), IDM_ADDIN_FIRST + aintIndex, caption, sizeof caption,
+            GetMenuStringA(Menu(), IDM_ADDIN_FIRST + aintIndex, caption, sizeof caption,
                            MF_BYCOMMAND);
             key = AddInKey(caption);
             std::shared_ptr<IAddIn> addIn;

@@ -291,8 +291,8 @@ void frmMain::PrintSetup() {
 void frmMain::InitializeMenu() {
     Procedure proc(kObject, "InitializeMenu");
     proc.Run([&] {
-        if (!mhWnd) return;
-        HMENU file = GetSubMenu(GetMenu(mhWnd), 0);
+        HMENU file = GetSubMenu(Menu(), 0);
+        if (!file) return;
         // The recent files and their separator stand just before "Exit".
         for (int i = 0; i < mintMRUItems; ++i) {
             const int exitPosition = GetMenuItemCount(file) - 1;

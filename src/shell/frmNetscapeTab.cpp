@@ -118,11 +118,12 @@ void frmNetscapeTab::SwitchProfile(const std::string& astrProfile) {
 
 void frmNetscapeTab::ShowBrowserFacts() {
     IBrowser* browser = Browser();
-    if (!browser || !mhWnd) return;
+    if (!browser) return;
     const std::string version =
         FillPlaceholders(Localization().GetLocalizedValue(
                              "Labels", std::string(LogTag()) + ":Version", false, "Version {%0}"),
                          {browser->VersionString()});
+    if (!mhWnd) return;
     SetDlgItemTextA(mhWnd, IDC_NETSCAPE_VERSION, version.c_str());
     const bool mail = NavigatorMailAvailable(browser->Version());
     ShowWindow(GetDlgItem(mhWnd, IDC_NETSCAPE_BUTTON0), mail ? SW_SHOW : SW_HIDE);

@@ -73,6 +73,10 @@ std::string CommandLineText(const char* apszFullCommandLine) {
 std::vector<std::string> GetCommandLineArgs(const std::string& astrText) {
     Procedure proc("frmMain", "GetCommandLineArgs");
     proc.LogValue(MaskPasswords(astrText));
+    return SplitCommandLine(astrText);
+}
+
+std::vector<std::string> SplitCommandLine(const std::string& astrText) {
     std::vector<std::string> args;
     bool inside = false;
     char previous = ' ';
@@ -92,15 +96,15 @@ std::vector<std::string> GetCommandLineArgs(const std::string& astrText) {
     return args;
 }
 
-std::string GetSwitch(const std::string& astrName, const std::vector<std::string>& avarArgs) {
-    std::string result;
+std::string FindSwitch(const std::string& astrName, const std::vector<std::string>& avarArgs) {
     const std::string name = ToLower(astrName);
-    for (const std::string& entry : avarArgs) {
-        if (ToLower(entry.substr(0, name.size())) == name) {
-            result = entry;
-            break;
-        }
-    }
+    for (const std::string& entry : avarArgs)
+        if (ToLower(entry.substr(0, name.size())) == name) return entry;
+    return std::string();
+}
+
+std::string GetSwitch(const std::string& astrName, const std::vector<std::string>& avarArgs) {
+    const std::string result = FindSwitch(astrName, avarArgs);
     WriteLog("frmMain - GetSwitch: " + astrName + " = " + MaskEntry(result), kLogDebug);
     return result;
 }

@@ -17,8 +17,14 @@ std::string CommandLineText(const char* apszFullCommandLine);
 // GetCommandLineArgs, logged under that name with passwords masked).
 std::vector<std::string> GetCommandLineArgs(const std::string& astrText);
 
+// The same, unlogged: for looking at the command line before the log has begun.
+std::vector<std::string> SplitCommandLine(const std::string& astrText);
+
 // The first entry that begins with `astrName`, compared without case; "" when none.
 std::string GetSwitch(const std::string& astrName, const std::vector<std::string>& avarArgs);
+
+// The same, unlogged.
+std::string FindSwitch(const std::string& astrName, const std::vector<std::string>& avarArgs);
 
 // A switch entry's value: the text after the name and one separating
 // character (a blank, ":" or "=").
