@@ -1,6 +1,7 @@
-// Paths, files and processes inside the test prefix.
+// Paths, files, processes and simulated machines inside the test prefix.
 #include "bench/Bench.h"
 
+#include <algorithm>
 #include <stdexcept>
 
 #include "support/RawRegistry.h"
@@ -195,6 +196,50 @@ bool ReadRegistryString(HKEY root, const std::string& key, const std::string& va
         raw.Result == ERROR_SUCCESS && (raw.Type == REG_SZ || raw.Type == REG_EXPAND_SZ);
     data = text ? std::string(raw.Data.begin(), raw.Data.end()).c_str() : std::string();
     return text;
+}
+
+std::vector<std::string> FindFiles(const std::string& pattern) {
+    std::vector<std::string> names;
+    WIN32_FIND_DATAA found;
+    HANDLE search = FindFirstFileA(pattern.c_str(), &found);
+    if (search == INVALID_HANDLE_VALUE) return names;
+    do
+        if (!(found.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY)) names.push_back(found.cFileName);
+    while (FindNextFileA(search, &found));
+    FindClose(search);
+    std::sort(names.begin(), names.end());
+    return names;
+}
+
+Machine::Machine(const std::string& name) : mName(name) {
+    const bool isPath = name.find_first_of("\\/:") != std::string::npos;
+    mFolder = isPath ? WindowsPath(name) : SourceDir() + "\\tests\\machines\\" + name;
+    std::string version;
+    if (!ReadFile(mFolder + "\\version", version))
+        throw std::runtime_error("no machine folder with a version file: " + mFolder);
+    version = version.substr(0, version.find_first_of(" \t\r\n"));
+    if (version.empty()) throw std::runtime_error("machine " + name + ": empty version file");
+    for (const std::string& file : FindFiles(mFolder + "\\*.reg"))
+        ImportRegFile(mFolder + "\\" + file);
+    // The Windows version Wine emulates for Rwz.exe.
+    const LONG result = rwz::test::RawSetString(
+        HKEY_CURRENT_USER, "Software\\Wine\\AppDefaults\\Rwz.exe", "Version", version);
+    if (result != ERROR_SUCCESS)
+        throw std::runtime_error("cannot set the Windows version of Rwz.exe: " +
+                                 Win32Message(result));
+    if (GetFileAttributesA((mFolder + "\\files").c_str()) != INVALID_FILE_ATTRIBUTES)
+        CopyTree(mFolder + "\\files", "C:");
+}
+
+void Machine::ImportRegFile(const std::string& path) {
+    if (!FileExists(path)) throw std::runtime_error("no registry file " + path);
+    char windows[MAX_PATH];
+    GetWindowsDirectoryA(windows, MAX_PATH);
+    const DWORD exitCode =
+        RunAndWait("\"" + std::string(windows) + "\\regedit.exe\" /s \"" + path + "\"");
+    if (exitCode != 0)
+        throw std::runtime_error("regedit could not import " + path + " (exit code " +
+                                 std::to_string(exitCode) + ")");
 }
 
 }  // namespace bench

@@ -53,6 +53,9 @@ PROCESS_INFORMATION LaunchProcess(const std::string& application, const std::str
 // be started or does not end within the time limit (it is then killed).
 DWORD RunAndWait(const std::string& commandLine, DWORD timeoutMs = 30000);
 
+// The names of the files (not folders) matching a pattern ("C:\\x\\*.reg"), sorted.
+std::vector<std::string> FindFiles(const std::string& pattern);
+
 // Splits text into lines at CR LF or LF.
 std::vector<std::string> SplitLines(const std::string& text);
 

@@ -121,17 +121,8 @@ std::string TempFolder() {
 // Every case of every scenario file; the lines before a file's first "case"
 // are shared by all its cases.
 std::vector<Scenario> LoadScenarios() {
-    std::vector<std::string> files;
-    WIN32_FIND_DATAA found;
-    HANDLE search = FindFirstFileA((ScenarioDir() + "\\*.scn").c_str(), &found);
-    if (search != INVALID_HANDLE_VALUE) {
-        do files.push_back(found.cFileName);
-        while (FindNextFileA(search, &found));
-        FindClose(search);
-    }
-    std::sort(files.begin(), files.end());
     std::vector<Scenario> scenarios;
-    for (const std::string& file : files) {
+    for (const std::string& file : bench::FindFiles(ScenarioDir() + "\\*.scn")) {
         std::map<std::string, std::string> lets = {{"src", bench::SourceDir()},
                                                    {"build", bench::BuildDir()},
                                                    {"scenarios", ScenarioDir()},
@@ -163,7 +154,7 @@ const std::string& Arg(const Line& line, size_t i) {
     return line.fields[i];
 }
 
-// "HKLM\key\value" -> root, key, value name.
+// "HKLM\key\value" -> root, key, value name; "HKLM\key" as a key alone.
 HKEY RootOf(const std::string& path, std::string& rest) {
     const size_t slash = path.find('\\');
     const std::string root = path.substr(0, slash);
@@ -173,12 +164,20 @@ HKEY RootOf(const std::string& path, std::string& rest) {
     throw std::runtime_error("unknown registry root " + root);
 }
 
-rwz::test::RawEntry ReadEntry(const std::string& path) {
-    std::string rest;
-    const HKEY root = RootOf(path, rest);
-    const size_t slash = rest.find_last_of('\\');
-    const rwz::test::RawValue value =
-        rwz::test::RawQuery(root, rest.substr(0, slash), rest.substr(slash + 1));
+struct RegPath {
+    explicit RegPath(const std::string& path) {
+        root = RootOf(path, key);
+        const size_t slash = key.find_last_of('\\');
+        name = key.substr(slash + 1);
+        key.resize(slash);
+    }
+    HKEY root = nullptr;
+    std::string key, name;
+};
+
+rwz::test::RawEntry ReadEntry(const std::string& text) {
+    const RegPath path(text);
+    const rwz::test::RawValue value = rwz::test::RawQuery(path.root, path.key, path.name);
     if (value.Result != ERROR_SUCCESS) return {REG_NONE, "<missing>"};
     return {value.Type, std::string(value.Data.begin(), value.Data.end())};
 }
@@ -311,11 +310,14 @@ class Runner {
             for (char c : bench::ReadFileText(arg(0))) wide += std::string{c, '\0'};
             bench::WriteFile(arg(0), wide);
         } else if (v == "reg") {
-            std::string rest;
-            const HKEY root = RootOf(arg(0), rest);
-            const size_t slash = rest.find_last_of('\\');
-            rwz::test::RawSetString(root, rest.substr(0, slash), rest.substr(slash + 1),
-                                    f.size() > 1 ? f[1] : "");
+            const RegPath path(arg(0));
+            rwz::test::RawSetString(path.root, path.key, path.name, f.size() > 1 ? f[1] : "");
+        } else if (v == "reg-delete") {  // KEY\NAME a value, KEY\ the key and all below it
+            const RegPath path(arg(0));
+            if (path.name.empty())
+                rwz::test::RawDeleteTree(path.root, path.key);
+            else
+                rwz::test::RawDeleteValue(path.root, path.key, path.name);
         } else if (v == "no-printers") {  // deleted here, Wine does not read them again from CUPS
             for (const std::string& name : rwz::test::InstalledPrinters()) {
                 HANDLE printer = nullptr;

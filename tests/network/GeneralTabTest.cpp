@@ -92,7 +92,6 @@ class GeneralTab : public ::testing::Test {
         return flagged;
     }
 
-    RecordingServices services;
     clsNetConfig2K net;
     CountingHost host;
     HWND parent = nullptr;

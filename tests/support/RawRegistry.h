@@ -35,6 +35,14 @@ inline void RawDeleteTree(HKEY root, const std::string& path) {
     RegDeleteKeyA(root, path.c_str());
 }
 
+// Deletes a value; a missing key or value is fine.
+inline void RawDeleteValue(HKEY root, const std::string& path, const std::string& name) {
+    HKEY key = nullptr;
+    if (RegOpenKeyExA(root, path.c_str(), 0, KEY_SET_VALUE, &key) != ERROR_SUCCESS) return;
+    RegDeleteValueA(key, name.c_str());
+    RegCloseKey(key);
+}
+
 // Sets a value, creating its key; `name` null only creates the key.
 inline LONG RawSetValue(HKEY root, const std::string& path, const char* name, DWORD type = 0,
                         const std::vector<uint8_t>& data = {}) {

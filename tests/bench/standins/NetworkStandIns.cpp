@@ -66,7 +66,8 @@ NetworkStandIns::NetworkStandIns(const std::string& program) {
     for (const char* dll : {"netapi32.dll", "dhcpcsvc.dll", "mpr.dll"}) {
         const std::string built = StandInsDir() + "\\" + dll;
         if (!FileExists(built)) throw std::runtime_error("no stand-in " + built + " (not built?)");
-        CopyFileReplacing(built, mFolder + "\\" + dll);
+        // run-tests.sh puts them beside the test programs, loaded by now.
+        if (!FileExists(mFolder + "\\" + dll)) CopyFileReplacing(built, mFolder + "\\" + dll);
     }
     PreferNativeDlls(program.substr(slash + 1));
     WriteFile(ScriptFile(), "");

@@ -64,7 +64,7 @@ class NetworkStandIns {
     std::string mFolder;
 };
 
-// Where the build puts the stand-ins and the probe program.
+// Where the build puts the stand-ins.
 std::string StandInsDir();
 
 }  // namespace bench

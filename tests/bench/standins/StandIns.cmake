@@ -1,7 +1,6 @@
 # Stand-ins for the networking services a test run must not reach in Wine:
 # netapi32.dll, dhcpcsvc.dll and mpr.dll (NetworkStandIns.h tells how tests use them),
-# and a probe program that calls the program's networking services. All go to
-# tests/standins of the build tree. Included by tests/CMakeLists.txt after the
+# in tests/standins of the build tree. Included by tests/CMakeLists.txt after the
 # bench library.
 set(RWZ_STANDINS_BIN ${RWZ_TEST_BIN}/standins)
 
@@ -11,15 +10,10 @@ foreach(dll netapi32 dhcpcsvc mpr)
                         RUNTIME_OUTPUT_DIRECTORY ${RWZ_STANDINS_BIN})
 endforeach()
 
-add_executable(NetServicesProbe ${CMAKE_CURRENT_LIST_DIR}/NetServicesProbe.cpp)
-target_link_libraries(NetServicesProbe PRIVATE rwz_core)
-set_target_properties(NetServicesProbe PROPERTIES RUNTIME_OUTPUT_DIRECTORY ${RWZ_STANDINS_BIN})
-
 target_sources(rwz_bench PRIVATE ${CMAKE_CURRENT_LIST_DIR}/NetworkStandIns.cpp)
-add_dependencies(rwz_bench standin_netapi32 standin_dhcpcsvc standin_mpr NetServicesProbe)
+add_dependencies(rwz_bench standin_netapi32 standin_dhcpcsvc standin_mpr)
 
-# The network classes are tested against simulated machines, with the dialog
-# watcher answering their message boxes.
+# The network classes are tested against simulated machines.
 if(TARGET test_network)
   target_link_libraries(test_network PRIVATE rwz_bench)
 endif()
