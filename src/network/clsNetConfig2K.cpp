@@ -129,11 +129,6 @@ NetConfigParticulars clsNetConfig2K::Particulars() {
             NetApply::EntryLine),
         TextRow("DefaultPrinter", S::DefaultPrinter, &R::DefaultPrinter, K::Text, kNoPlace,
                 Op(&C::ReadDefaultPrinter), Op(&C::WriteDefaultPrinter)),
-        Applied(TextRow("PrinterList", S::PrinterList, nullptr, K::Text, kNoPlace,
-                        Op(&C::ReadPrinterList)),
-                NetApply::Never),
-        TextRow("AdvPrinterSettings", S::AdvPrinterSettings, &R::PrinterPort, K::Text, kNoPlace,
-                Op(&C::ReadAdvPrinterSettings), Op(&C::WriteAdvPrinterSettings)),
     };
     return particulars;
 }

@@ -94,11 +94,6 @@ NetConfigParticulars clsNetConfig9x::Particulars() {
                 Text(kPoliciesKey, "DisablePwdCaching"), nullptr, Op(&C::WriteDisablePWDCache)),
         FlagRow("QuickLogon", S::QuickLogon, &R::QuickLogon,
                 Text(kProviderKey, "LogonDisconnected")),
-        Applied(TextRow("PrinterList", S::PrinterList, nullptr, K::Text, kNoPlace,
-                        Op(&C::ReadPrinterList)),
-                NetApply::Never),
-        TextRow("AdvPrinterSettings", S::AdvPrinterSettings, &R::PrinterPort, K::Text, kNoPlace,
-                Op(&C::ReadAdvPrinterSettings), Op(&C::WriteAdvPrinterSettings)),
     };
     return particulars;
 }

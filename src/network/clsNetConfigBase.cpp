@@ -186,8 +186,18 @@ NetSettingRow Applied(NetSettingRow aRow, NetApply aApply) {
     return aRow;
 }
 
+// Every family ends its table with the same two printer rows: the list the
+// spooler shows, then the port and capture, which read the default printer.
 clsNetConfigBase::clsNetConfigBase(NetConfigParticulars aParticulars)
-    : mParticulars(std::move(aParticulars)) {}
+    : mParticulars(std::move(aParticulars)) {
+    mParticulars.Rows.push_back(
+        Applied(TextRow("PrinterList", S::PrinterList, nullptr, ValueKind::Text, {},
+                        &clsNetConfigBase::ReadPrinterList),
+                NetApply::Never));
+    mParticulars.Rows.push_back(TextRow(
+        "AdvPrinterSettings", S::AdvPrinterSettings, &R::PrinterPort, ValueKind::Text, {},
+        &clsNetConfigBase::ReadAdvPrinterSettings, &clsNetConfigBase::WriteAdvPrinterSettings));
+}
 
 void clsNetConfigBase::LogLine(const std::string& astrText) const {
     WriteLog(std::string(ClassName()) + " - " + astrText, kLogDebug);

@@ -91,9 +91,10 @@ struct NetConfigParticulars {
     bool NulSeparatedAddresses = false;
     // The settings, in the order ApplyConfiguration writes them (each when
     // flagged; DefaultPrinter also needs EnableDefaultPrinter). The
-    // AdvPrinterSettings row is written last whatever its place, even unflagged:
-    // it checks its own flag. DisablePWDCache and QuickLogon are supported
-    // exactly when they have a row.
+    // PrinterList and AdvPrinterSettings rows are the same for every family:
+    // the base appends them; AdvPrinterSettings is written last, even
+    // unflagged: it checks its own flag. DisablePWDCache and QuickLogon are
+    // supported exactly when they have a row.
     std::vector<NetSettingRow> Rows;
     // Where the system keeps the connections it restores at logon, one key
     // per local device ("LPT1") below it.

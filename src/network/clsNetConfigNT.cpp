@@ -97,11 +97,6 @@ NetConfigParticulars clsNetConfigNT::Particulars() {
         Applied(TextRow("Workgroup", S::Workgroup, &R::Workgroup, K::Text,
                         Text(kVNETSUPKey, "Workgroup")),
                 NetApply::Never),
-        Applied(TextRow("PrinterList", S::PrinterList, nullptr, K::Text, kNoPlace,
-                        Op(&C::ReadPrinterList)),
-                NetApply::Never),
-        TextRow("AdvPrinterSettings", S::AdvPrinterSettings, &R::PrinterPort, K::Text, kNoPlace,
-                Op(&C::ReadAdvPrinterSettings), Op(&C::WriteAdvPrinterSettings)),
     };
     return particulars;
 }
