@@ -334,6 +334,7 @@ void frmGeneralTab::DefaultPrinterSelected(const std::string& astrPrinter) {
                 mobjNet->Assign(&NetRecord::PrinterCaptureReconnect,
                                 before.PrinterCaptureReconnect);
             }
+            mstrShownPrinterOptions = PrinterOptionsShown();
         }
         ShowPrinterPort();
     });
