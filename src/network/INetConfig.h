@@ -39,8 +39,8 @@ class INetConfig {
     virtual void ResetFlags() = 0;
     // Enumerates the adapters and opens on the one applied last.
     virtual void GetAdapterList() = 0;
-    // Reads the port of the record's default printer and the capture of a
-    // parallel port.
+    // Reads the port of the record's default printer (the capture of a
+    // parallel port is read with the configuration).
     virtual void GetAdvPrinterSettings() = 0;
 
     // An address or mask list given with "," in the record's own form.

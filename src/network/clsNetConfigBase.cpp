@@ -586,12 +586,7 @@ void clsNetConfigBase::BroadcastWindowsChange() {
 // The printer's port, and the first parallel port captured (with whether the
 // system restores it at logon); no device when nothing is captured.
 void clsNetConfigBase::ReadAdvPrinterSettings() {
-    const std::string port =
-        mRecord.DefaultPrinter.empty()
-            ? std::string()
-            : reg::ReadText(std::string(kPrintersKey) + "\\" + mRecord.DefaultPrinter, "Port")
-                  .value_or("");
-    mRecord.PrinterPort = port.substr(0, port.find('\0'));
+    ReadPrinterPort();
     mRecord.PrinterCaptureDev.clear();
     mRecord.PrinterCapturePath.clear();
     mRecord.PrinterCaptureReconnect = false;
@@ -679,8 +674,20 @@ void clsNetConfigBase::WritePortToWinIni(const std::string& astrPrinter,
     }
 }
 
+// Only the port follows the printer: the capture is the machine's, read with
+// the configuration, and keeps what the user set since.
 void clsNetConfigBase::GetAdvPrinterSettings() {
-    Capture(S::AdvPrinterSettings);
+    Procedure proc(ClassName(), "GetAdvPrinterSettings");
+    proc.Run([&] { ReadPrinterPort(); });
+}
+
+void clsNetConfigBase::ReadPrinterPort() {
+    const std::string port =
+        mRecord.DefaultPrinter.empty()
+            ? std::string()
+            : reg::ReadText(std::string(kPrintersKey) + "\\" + mRecord.DefaultPrinter, "Port")
+                  .value_or("");
+    mRecord.PrinterPort = port.substr(0, port.find('\0'));
 }
 
 // --- Profile file ----------------------------------------------------------------------

@@ -184,6 +184,8 @@ class clsNetConfigBase : public INetConfig {
     static void BroadcastWindowsChange();
     void ReadAdvPrinterSettings();
     void WriteAdvPrinterSettings();
+    // The "Port" of the record's default printer into PrinterPort.
+    void ReadPrinterPort();
 
     NetRecord mRecord;
 

@@ -320,20 +320,8 @@ void frmGeneralTab::DefaultPrinterSelected(const std::string& astrPrinter) {
         if (!mobjNet || astrPrinter == kNoPrinters) return;
         mobjNet->Assign(&NetRecord::DefaultPrinter, astrPrinter);
         // A profile brings its own port; a choice of the user shows the printer's.
-        // The capture belongs to the machine, not the printer: what the user set
-        // in the printer options stays.
         if (!mblnRefilling) {
-            const NetRecord before = mobjNet->Record();
             mobjNet->GetAdvPrinterSettings();
-            const NetRecord& now = mobjNet->Record();
-            if (before.PrinterCaptureDev != now.PrinterCaptureDev ||
-                before.PrinterCapturePath != now.PrinterCapturePath ||
-                before.PrinterCaptureReconnect != now.PrinterCaptureReconnect) {
-                mobjNet->Assign(&NetRecord::PrinterCaptureDev, before.PrinterCaptureDev);
-                mobjNet->Assign(&NetRecord::PrinterCapturePath, before.PrinterCapturePath);
-                mobjNet->Assign(&NetRecord::PrinterCaptureReconnect,
-                                before.PrinterCaptureReconnect);
-            }
             mstrShownPrinterOptions = PrinterOptionsShown();
         }
         ShowPrinterPort();
